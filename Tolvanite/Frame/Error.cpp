@@ -1,0 +1,7 @@
+#include <Tolvanite/Frame/Error.h>
+
+namespace tolvanite {
+
+Error::~Error() = default;
+
+}  // namespace tolvanite
