@@ -1,0 +1,51 @@
+// A set of ways in which a terminal shows a text, beside its colour.
+//
+//   ConsoleModifier loud = ConsoleModifier::bold | ConsoleModifier::underscored;
+#pragma once
+
+#include <string>
+
+#include <Tolvanite/Frame/Types.h>
+#include <Tolvanite/Platform/Export.h>
+
+namespace tolvanite {
+
+class TOLVANITE_EXPORT ConsoleModifier {
+ public:
+  static const ConsoleModifier bold, blinking, inversed, underscored;
+
+  /// The empty set.
+  constexpr ConsoleModifier() = default;
+  /// The set of the bits of `rawValue`; unknown bits are kept and show nothing.
+  constexpr explicit ConsoleModifier(Int rawValue) : rawValue_(rawValue) {}
+
+  constexpr Int rawValue() const { return rawValue_; }
+  constexpr bool isEmpty() const { return rawValue_ == 0; }
+  /// Whether every member of `other` is in this set.
+  constexpr bool contains(ConsoleModifier other) const {
+    return (rawValue_ & other.rawValue_) == other.rawValue_;
+  }
+
+  /// The ANSI fragments of the members, in the order bold, blinking, inversed, underscored.
+  std::string fragments() const;
+
+  friend constexpr ConsoleModifier operator|(ConsoleModifier a, ConsoleModifier b) {
+    return ConsoleModifier(a.rawValue_ | b.rawValue_);
+  }
+  friend constexpr ConsoleModifier operator&(ConsoleModifier a, ConsoleModifier b) {
+    return ConsoleModifier(a.rawValue_ & b.rawValue_);
+  }
+  constexpr ConsoleModifier& operator|=(ConsoleModifier other) { return *this = *this | other; }
+  constexpr ConsoleModifier& operator&=(ConsoleModifier other) { return *this = *this & other; }
+  constexpr bool operator==(const ConsoleModifier&) const = default;
+
+ private:
+  Int rawValue_ = 0;
+};
+
+inline constexpr ConsoleModifier ConsoleModifier::bold{1};
+inline constexpr ConsoleModifier ConsoleModifier::blinking{2};
+inline constexpr ConsoleModifier ConsoleModifier::inversed{4};
+inline constexpr ConsoleModifier ConsoleModifier::underscored{8};
+
+}  // namespace tolvanite
