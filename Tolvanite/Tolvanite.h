@@ -10,6 +10,7 @@
 #include <Tolvanite/Diagnostics/PrintLine.h>
 #include <Tolvanite/Diagnostics/QLogging.h>
 #include <Tolvanite/Diagnostics/TextColoring.h>
+#include <Tolvanite/Foundation/Pascription.h>
 #include <Tolvanite/Frame/AbsoluteTime.h>
 #include <Tolvanite/Frame/Assertions.h>
 #include <Tolvanite/Frame/ByteBuffer.h>
@@ -35,5 +36,7 @@
 #include <Tolvanite/Platform/HttpRequest.h>
 #include <Tolvanite/Platform/MainQueue.h>
 #include <Tolvanite/Platform/SharedCount.h>
+#include <Tolvanite/Platform/StandardPlaces.h>
 #include <Tolvanite/Platform/SystemLog.h>
 #include <Tolvanite/Platform/Threads.h>
+#include <Tolvanite/Text/TextTable.h>
