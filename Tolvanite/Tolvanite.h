@@ -1,6 +1,27 @@
 // Everything that the library offers, in one include. Written by `./dev format`.
 #pragma once
 
+#include <Tolvanite/DataStructures/ArrayErrors.h>
+#include <Tolvanite/DataStructures/ElementArray.h>
+#include <Tolvanite/DataStructures/EventBlock.h>
+#include <Tolvanite/DataStructures/Fountain.h>
+#include <Tolvanite/DataStructures/Kerray.h>
+#include <Tolvanite/DataStructures/KerrayErrur.h>
+#include <Tolvanite/DataStructures/KerrayObserver.h>
+#include <Tolvanite/DataStructures/KeyedElement.h>
+#include <Tolvanite/DataStructures/ObservableEquatable.h>
+#include <Tolvanite/DataStructures/ObservableOptional.h>
+#include <Tolvanite/DataStructures/ObservableOptionalComparable.h>
+#include <Tolvanite/DataStructures/ObservableOptionalEquatable.h>
+#include <Tolvanite/DataStructures/ObservableOptionalEquatable_WithContentUpdateFountain.h>
+#include <Tolvanite/DataStructures/ObservableProperty.h>
+#include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerray.h>
+#include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerrayObserver.h>
+#include <Tolvanite/DataStructures/Owner.h>
+#include <Tolvanite/DataStructures/SimpleValueWrapper.h>
+#include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>
+#include <Tolvanite/DataStructures/WeaklyOwnedObject.h>
+#include <Tolvanite/DataStructures/WeaklyOwnedObjectsSphere.h>
 #include <Tolvanite/Diagnostics/CallerPosition.h>
 #include <Tolvanite/Diagnostics/Console.h>
 #include <Tolvanite/Diagnostics/ConsoleColor.h>

@@ -14,17 +14,21 @@ namespace tolvanite {
 
 /// The texts are borrowed: a position is made for a call and not kept.
 struct CallerPosition {
+  /// The position that the compiler tells.
   constexpr CallerPosition(std::source_location location)
       : file(location.file_name()),
         line(location.line()),
         function(location.function_name()),
         column(location.column()) {}
+  /// A position of the caller's own words; the file need not exist.
   constexpr CallerPosition(std::string_view fileText, Int lineNumber,
                            std::string_view functionText = {}, Int columnNumber = 0)
       : file(fileText), line(lineNumber), function(functionText), column(columnNumber) {}
 
+  /// The path of the file.
   std::string_view file;
   Int line;
+  /// The function as the compiler writes it, with its parameters.
   std::string_view function;
   Int column;
 };

@@ -7,6 +7,7 @@
 #include <compare>
 #include <cstddef>
 #include <functional>
+#include <ostream>
 #include <span>
 #include <string>
 #include <string_view>
@@ -18,12 +19,17 @@ namespace tolvanite {
 
 class TOLVANITE_EXPORT ConsoleColor {
  public:
+  /// What begins a sequence.
   static constexpr std::string_view ESCAPE = "\x1b[";
+  /// The whole sequence that ends colours and modifiers.
   static constexpr std::string_view RESET = "\x1b[0m";
 
+  /// The colours.
+  /// @{
   static const ConsoleColor black, red, green, brown, blue, purple, cyan, lightGray;
   static const ConsoleColor darkGray, lightRed, lightGreen, yellow, lightBlue, lightPurple,
       lightCyan, white;
+  /// @}
 
   /// All colours in the order of their codes, from black to white.
   static std::span<const ConsoleColor> all();
@@ -40,8 +46,12 @@ class TOLVANITE_EXPORT ConsoleColor {
   constexpr bool operator==(const ConsoleColor& other) const {
     return rawValue_ == other.rawValue_;
   }
+  /// By the codes, as `all` is.
   constexpr auto operator<=>(const ConsoleColor& other) const {
     return rawValue_ <=> other.rawValue_;
+  }
+  friend std::ostream& operator<<(std::ostream& out, const ConsoleColor& color) {
+    return out << color.name_;
   }
 
  private:

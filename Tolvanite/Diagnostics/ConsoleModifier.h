@@ -3,6 +3,9 @@
 //   ConsoleModifier loud = ConsoleModifier::bold | ConsoleModifier::underscored;
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <ostream>
 #include <string>
 
 #include <Tolvanite/Frame/Types.h>
@@ -12,6 +15,7 @@ namespace tolvanite {
 
 class TOLVANITE_EXPORT ConsoleModifier {
  public:
+  /// The members.
   static const ConsoleModifier bold, blinking, inversed, underscored;
 
   /// The empty set.
@@ -19,7 +23,9 @@ class TOLVANITE_EXPORT ConsoleModifier {
   /// The set of the bits of `rawValue`; unknown bits are kept and show nothing.
   constexpr explicit ConsoleModifier(Int rawValue) : rawValue_(rawValue) {}
 
+  /// The bits of the members: 1, 2, 4 and 8 in the order of their declaration.
   constexpr Int rawValue() const { return rawValue_; }
+  /// Whether there is no member.
   constexpr bool isEmpty() const { return rawValue_ == 0; }
   /// Whether every member of `other` is in this set.
   constexpr bool contains(ConsoleModifier other) const {
@@ -28,6 +34,8 @@ class TOLVANITE_EXPORT ConsoleModifier {
 
   /// The ANSI fragments of the members, in the order bold, blinking, inversed, underscored.
   std::string fragments() const;
+  /// The names of the members in that order: "[bold, underscored]".
+  std::string description() const;
 
   friend constexpr ConsoleModifier operator|(ConsoleModifier a, ConsoleModifier b) {
     return ConsoleModifier(a.rawValue_ | b.rawValue_);
@@ -38,6 +46,9 @@ class TOLVANITE_EXPORT ConsoleModifier {
   constexpr ConsoleModifier& operator|=(ConsoleModifier other) { return *this = *this | other; }
   constexpr ConsoleModifier& operator&=(ConsoleModifier other) { return *this = *this & other; }
   constexpr bool operator==(const ConsoleModifier&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const ConsoleModifier& modifier) {
+    return out << modifier.description();
+  }
 
  private:
   Int rawValue_ = 0;
@@ -49,3 +60,10 @@ inline constexpr ConsoleModifier ConsoleModifier::inversed{4};
 inline constexpr ConsoleModifier ConsoleModifier::underscored{8};
 
 }  // namespace tolvanite
+
+template <>
+struct std::hash<tolvanite::ConsoleModifier> {
+  std::size_t operator()(const tolvanite::ConsoleModifier& modifier) const noexcept {
+    return std::hash<tolvanite::Int>{}(modifier.rawValue());
+  }
+};

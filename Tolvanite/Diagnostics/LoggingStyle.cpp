@@ -36,12 +36,12 @@ void LoggingStyle::warningText(std::string_view text) const {
   printLine(fmt::format("Warning:{}", text));
 }
 
-void LoggingStyle::describedError(const Optional<std::string>& message,
+void LoggingStyle::describedError(const Optional<std::string_view>& message,
                                   const std::exception& error) const {
   errorText(fmt::format("{}:{}", message.value_or("Error"), error.what()));
 }
 
-bool LoggingStyle::describedIfError(const Optional<std::string>& message,
+bool LoggingStyle::describedIfError(const Optional<std::string_view>& message,
                                     const std::exception* error) const {
   if (error == nullptr) return false;
   describedError(message, *error);

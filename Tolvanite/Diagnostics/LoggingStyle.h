@@ -30,54 +30,65 @@ class TOLVANITE_EXPORT LoggingStyle {
   LoggingStyle& operator=(const LoggingStyle&) = delete;
   virtual ~LoggingStyle();
 
-  // One line with the text form of a value, in a colour.
-  void red(const HasTextForm auto& value) const { redText(textForm(value)); }
-  void green(const HasTextForm auto& value) const { greenText(textForm(value)); }
-  void blue(const HasTextForm auto& value) const { blueText(textForm(value)); }
-  void lightRed(const HasTextForm auto& value) const { lightRedText(textForm(value)); }
-  void lightGreen(const HasTextForm auto& value) const { lightGreenText(textForm(value)); }
-  void lightBlue(const HasTextForm auto& value) const { lightBlueText(textForm(value)); }
-  void yellow(const HasTextForm auto& value) const { yellowText(textForm(value)); }
-  void purple(const HasTextForm auto& value) const { purpleText(textForm(value)); }
-  void lightPurple(const HasTextForm auto& value) const { lightPurpleText(textForm(value)); }
-  void brown(const HasTextForm auto& value) const { brownText(textForm(value)); }
-  void cyan(const HasTextForm auto& value) const { cyanText(textForm(value)); }
-  void lightCyan(const HasTextForm auto& value) const { lightCyanText(textForm(value)); }
-  void darkGray(const HasTextForm auto& value) const { darkGrayText(textForm(value)); }
-  void lightGray(const HasTextForm auto& value) const { lightGrayText(textForm(value)); }
+  /// One line in that colour with the text form of a value, or with the name of its type if it has
+  /// none.
+  /// @{
+  void red(const auto& value) const { redText(shown(value)); }
+  void green(const auto& value) const { greenText(shown(value)); }
+  void blue(const auto& value) const { blueText(shown(value)); }
+  void lightRed(const auto& value) const { lightRedText(shown(value)); }
+  void lightGreen(const auto& value) const { lightGreenText(shown(value)); }
+  void lightBlue(const auto& value) const { lightBlueText(shown(value)); }
+  void yellow(const auto& value) const { yellowText(shown(value)); }
+  void purple(const auto& value) const { purpleText(shown(value)); }
+  void lightPurple(const auto& value) const { lightPurpleText(shown(value)); }
+  void brown(const auto& value) const { brownText(shown(value)); }
+  void cyan(const auto& value) const { cyanText(shown(value)); }
+  void lightCyan(const auto& value) const { lightCyanText(shown(value)); }
+  void darkGray(const auto& value) const { darkGrayText(shown(value)); }
+  void lightGray(const auto& value) const { lightGrayText(shown(value)); }
+  /// @}
 
   /// One line of that grade.
+  /// @{
   void error(std::string_view text) const { errorText(text); }
   void severe(std::string_view text) const { severeText(text); }
   void warning(std::string_view text) const { warningText(text); }
+  /// @}
 
   /// Logs an error: "MESSAGE:ERROR", or "Error:ERROR" without a message, as by `error(text)`. The
   /// missing blank is deliberate.
-  void error(const Optional<std::string>& message, const std::exception& error) const {
+  /// @{
+  void error(const Optional<std::string_view>& message, const std::exception& error) const {
     describedError(message, error);
   }
   void error(const std::exception& error) const { describedError(std::nullopt, error); }
+  /// @}
 
   /// Logs the error if there is one, and says whether there was: the test and the report in one.
-  bool iferror(const Optional<std::string>& message, const std::exception* error) const {
+  /// @{
+  bool iferror(const Optional<std::string_view>& message, const std::exception* error) const {
     return describedIfError(message, error);
   }
-  bool iferror(const Optional<std::string>& message, const std::exception& error) const {
+  bool iferror(const Optional<std::string_view>& message, const std::exception& error) const {
     return describedIfError(message, &error);
   }
-  bool iferror(const Optional<std::string>& message, std::nullopt_t) const {
+  bool iferror(const Optional<std::string_view>& message, std::nullopt_t) const {
     return describedIfError(message, nullptr);
   }
   template <std::derived_from<std::exception> E>
-  bool iferror(const Optional<std::string>& message, const std::optional<E>& error) const {
+  bool iferror(const Optional<std::string_view>& message, const std::optional<E>& error) const {
     return describedIfError(message, error.has_value() ? &*error : nullptr);
   }
+  /// @}
 
   /// Shows the style: each colour with its own name, then the grades. The word that shows `severe`
   /// is "warning", deliberately.
   virtual void testOutput() const;
 
  protected:
+  /// What the operations of these names end in, with the text to show.
+  /// @{
   virtual void redText(std::string_view text) const;
   virtual void greenText(std::string_view text) const;
   virtual void blueText(std::string_view text) const;
@@ -95,10 +106,14 @@ class TOLVANITE_EXPORT LoggingStyle {
   virtual void errorText(std::string_view text) const;
   virtual void severeText(std::string_view text) const;
   virtual void warningText(std::string_view text) const;
-  virtual void describedError(const Optional<std::string>& message,
+  virtual void describedError(const Optional<std::string_view>& message,
                               const std::exception& error) const;
-  virtual bool describedIfError(const Optional<std::string>& message,
+  virtual bool describedIfError(const Optional<std::string_view>& message,
                                 const std::exception* error) const;
+  /// @}
+
+ private:
+  static std::string shown(const auto& value) { return detail::textFormOrTypeName(value); }
 };
 
 /// The style of a console that understands "fg" codes; any other shows the raw sequences. Some

@@ -26,6 +26,9 @@ TOLVANITE_EXPORT void qfilelog(std::string_view text = {},
 /// As `qfilelog`, only when `flag` is true.
 TOLVANITE_EXPORT void qdebuglog(bool flag, std::string_view text = {},
                                 CallerPosition position = std::source_location::current());
+/// A text in the place of the flag would be taken for true.
+void qdebuglog(const char* flag, std::string_view text = {},
+               CallerPosition position = std::source_location::current()) = delete;
 
 /// One line: "🔀", "MT" on the main thread, a blank, the file's name with extension in double
 /// quotes, "@", the line, ": ", the function and, with nothing between, the text.
@@ -34,6 +37,8 @@ TOLVANITE_EXPORT void qlinelog(std::string_view text = {},
 
 /// One line, only when `flag` is true: "🔀", "MT" on the main thread, a blank, the text.
 TOLVANITE_EXPORT void dmprint(bool flag, std::string_view text = {});
+/// A text in the place of the flag would be taken for true.
+void dmprint(const char* flag, std::string_view text = {}) = delete;
 
 /// One line: "🍇🍇🍇", the file's name without extension, ".", the function, " Line:", the line, a
 /// blank, "[MT]" on the main thread and, when there is a text, ": " and the text.

@@ -12,12 +12,10 @@
 #pragma once
 
 #include <exception>
-#include <string>
 #include <string_view>
 
 #include <Tolvanite/Diagnostics/LoggingStyle.h>
 #include <Tolvanite/Frame/Optional.h>
-#include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Platform/Export.h>
 
 namespace tolvanite {
@@ -26,53 +24,67 @@ namespace tolvanite {
 /// static functions of the same names.
 template <typename Class>
 struct LoggingClass {
-  static void red(const HasTextForm auto& value) { Class::style().red(value); }
-  static void green(const HasTextForm auto& value) { Class::style().green(value); }
-  static void blue(const HasTextForm auto& value) { Class::style().blue(value); }
-  static void lightRed(const HasTextForm auto& value) { Class::style().lightRed(value); }
-  static void lightGreen(const HasTextForm auto& value) { Class::style().lightGreen(value); }
-  static void lightBlue(const HasTextForm auto& value) { Class::style().lightBlue(value); }
-  static void yellow(const HasTextForm auto& value) { Class::style().yellow(value); }
-  static void purple(const HasTextForm auto& value) { Class::style().purple(value); }
-  static void lightPurple(const HasTextForm auto& value) { Class::style().lightPurple(value); }
-  static void brown(const HasTextForm auto& value) { Class::style().brown(value); }
-  static void cyan(const HasTextForm auto& value) { Class::style().cyan(value); }
-  static void lightCyan(const HasTextForm auto& value) { Class::style().lightCyan(value); }
-  static void darkGray(const HasTextForm auto& value) { Class::style().darkGray(value); }
-  static void lightGray(const HasTextForm auto& value) { Class::style().lightGray(value); }
+  /// As the operations of LoggingStyle.
+  /// @{
+  static void red(const auto& value) { Class::style().red(value); }
+  static void green(const auto& value) { Class::style().green(value); }
+  static void blue(const auto& value) { Class::style().blue(value); }
+  static void lightRed(const auto& value) { Class::style().lightRed(value); }
+  static void lightGreen(const auto& value) { Class::style().lightGreen(value); }
+  static void lightBlue(const auto& value) { Class::style().lightBlue(value); }
+  static void yellow(const auto& value) { Class::style().yellow(value); }
+  static void purple(const auto& value) { Class::style().purple(value); }
+  static void lightPurple(const auto& value) { Class::style().lightPurple(value); }
+  static void brown(const auto& value) { Class::style().brown(value); }
+  static void cyan(const auto& value) { Class::style().cyan(value); }
+  static void lightCyan(const auto& value) { Class::style().lightCyan(value); }
+  static void darkGray(const auto& value) { Class::style().darkGray(value); }
+  static void lightGray(const auto& value) { Class::style().lightGray(value); }
 
   static void error(std::string_view text) { Class::style().error(text); }
   static void severe(std::string_view text) { Class::style().severe(text); }
   static void warning(std::string_view text) { Class::style().warning(text); }
-  static void error(const Optional<std::string>& message, const std::exception& error) {
+  static void error(const Optional<std::string_view>& message, const std::exception& error) {
     Class::style().error(message, error);
   }
   static void error(const std::exception& error) { Class::style().error(error); }
+  /// @}
 
-  /// `error` is a std::exception, a pointer to one, or an optional.
+  /// Logs the error if there is one, and says whether there was. `error` is a std::exception, a
+  /// pointer to one, an optional one or std::nullopt.
   template <typename E>
-  static bool iferror(const Optional<std::string>& message, const E& error) {
+  static bool iferror(const Optional<std::string_view>& message, const E& error) {
     return Class::style().iferror(message, error);
   }
 
+  /// Shows the style: each colour with its own name, then the grades.
   static void testOutput() { Class::style().testOutput(); }
 };
 
+/// Plain lines.
 struct TOLVANITE_EXPORT QLogging : LoggingClass<QLogging> {
   QLogging() = delete;
+  /// The one style of the class; alive to the end of the process.
   static const LoggingStyle& style();
 };
 
+/// Lines coloured for a console that understands "fg" codes.
 struct TOLVANITE_EXPORT qlog : LoggingClass<qlog> {
   qlog() = delete;
+  /// What begins a sequence.
   static constexpr std::string_view ESCAPE = "\x1b[";
+  /// What ends the colour.
   static constexpr std::string_view RESET = "\x1b[;";
+  /// The one style of the class; alive to the end of the process.
   static const LoggingStyle& style();
 };
 
+/// Lines coloured for a terminal, by ANSI sequences.
 struct TOLVANITE_EXPORT qansilog : LoggingClass<qansilog> {
   qansilog() = delete;
+  /// What begins a sequence.
   static constexpr std::string_view ESCAPE = "\x1b[";
+  /// The one style of the class; alive to the end of the process.
   static const LoggingStyle& style();
 };
 

@@ -19,17 +19,21 @@
 
 namespace tolvanite {
 
+/// A point in time.
 class TOLVANITE_EXPORT AbsoluteTime {
  public:
   /// The start of 1970.
   constexpr AbsoluteTime() noexcept = default;
+  /// So many seconds after the start of 1970; before it when negative.
   constexpr explicit AbsoluteTime(double secondsSinceEpoch) noexcept
       : secondsSinceEpoch_(secondsSinceEpoch) {}
   /// The nearest double to a time of the system's clock.
   explicit AbsoluteTime(std::chrono::system_clock::time_point time) noexcept;
 
+  /// The time of the system's clock.
   static AbsoluteTime now() noexcept { return AbsoluteTime(std::chrono::system_clock::now()); }
 
+  /// The seconds since the start of 1970.
   constexpr double secondsSinceEpoch() const noexcept { return secondsSinceEpoch_; }
 
   /// The nearest time of the system's clock; its first or last one for a time beyond them, its

@@ -1,7 +1,6 @@
 // Moves of elements within an array. The target is told in one of two ways:
 //
-// - A `toIndex` is the index that the first moved element has afterwards: it is counted in the
-// array
+// - A `toIndex` is the index that the first moved element has afterwards, counted in the array
 //   without the moved elements.
 // - A `toIndexAsOfNow` is a gap in the array as it stands: the moved elements end up before the
 //   element that is at that index now; the count stands for the end.
@@ -31,6 +30,7 @@ struct TvArrayMoveHelper {
   TvArrayMoveHelper() = delete;
 
   /// The `toIndex` that matches the gap `asOfNow`.
+  /// @{
   static constexpr Int toIndex_From_AsOfNowToIndex(Int asOfNow, Int fromIndex) {
     return fromIndex < asOfNow ? asOfNow - 1 : asOfNow;
   }
@@ -39,8 +39,10 @@ struct TvArrayMoveHelper {
     return asOfNow - static_cast<Int>(std::ranges::count_if(
                          fromIndexes, [&](Int from) { return from < asOfNow; }));
   }
+  /// @}
 
   /// A gap that matches `toIndex`.
+  /// @{
   static constexpr Int asOfNowToIndex_From_ToIndex(Int toIndex, Int fromIndex) {
     return toIndex < fromIndex ? toIndex : checkedAdd<Int>(toIndex, 1);
   }
@@ -48,9 +50,12 @@ struct TvArrayMoveHelper {
     std::ranges::sort(fromIndexes);
     if (fromIndexes.empty() || fromIndexes.front() >= toIndex) return toIndex;
     Int asOfNow = checkedAdd<Int>(toIndex, 1);
-    for (std::size_t i = 1; i < fromIndexes.size() && fromIndexes[i] < asOfNow; ++i) ++asOfNow;
+    for (std::size_t i = 1; i < fromIndexes.size() && fromIndexes[i] < asOfNow; ++i) {
+      asOfNow = checkedAdd<Int>(asOfNow, 1);
+    }
     return asOfNow;
   }
+  /// @}
 };
 
 namespace detail {

@@ -94,6 +94,7 @@ std::vector<ElementOf<R>> multiply(
     R&& array, Int n, std::source_location location = std::source_location::current()) {
   detail::requireNotNegative(n, "multiply factor", location);
   std::vector<ElementOf<R>> result;
+  if (std::ranges::empty(array)) return result;
   for (Int i = 0; i < n; ++i) std::ranges::copy(array, std::back_inserter(result));
   return result;
 }
@@ -178,7 +179,9 @@ Optional<ElementOf<R>> elementAfterWithRotation(R&& array, const Value& current)
 /// What one array holds beyond another: the elements and their indexes.
 template <typename T>
 struct ArrayInsertions {
+  /// Where the elements stand in the other array, ascending.
   std::vector<Int> indexes;
+  /// The elements at these indexes.
   std::vector<T> elements;
   friend bool operator==(const ArrayInsertions&, const ArrayInsertions&) = default;
 };

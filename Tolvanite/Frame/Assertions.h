@@ -18,10 +18,13 @@ namespace tolvanite {
 /// the code as a note.
 struct qassert {
   qassert() = delete;
+  /// The function belongs to the main thread.
   static void mainThread() {}
+  /// The function must not run on the main thread.
   static void notMainThread() {}
 };
 
+/// Markers for code that must not run, is not written yet or is worth a line.
 struct TOLVANITE_EXPORT TolvaniteCoding {
   TolvaniteCoding() = delete;
 

@@ -27,30 +27,40 @@
 
 namespace tolvanite {
 
+/// A growable sequence of bytes.
 class TOLVANITE_EXPORT ByteBuffer {
  public:
   using value_type = std::byte;
   using iterator = std::vector<std::byte>::iterator;
   using const_iterator = std::vector<std::byte>::const_iterator;
 
+  /// Without bytes.
   ByteBuffer() = default;
   /// The bytes of a text, as they are; of a span; or as listed.
+  /// @{
   explicit ByteBuffer(std::string_view text) { append(text); }
   explicit ByteBuffer(std::span<const std::byte> bytes) : bytes_(bytes.begin(), bytes.end()) {}
   explicit ByteBuffer(std::vector<std::byte> bytes) noexcept : bytes_(std::move(bytes)) {}
   ByteBuffer(std::initializer_list<std::uint8_t> bytes);
+  /// @}
 
+  /// The number of bytes, and whether there are none.
+  /// @{
   Int count() const noexcept { return static_cast<Int>(bytes_.size()); }
   bool isEmpty() const noexcept { return bytes_.empty(); }
   std::size_t size() const noexcept { return bytes_.size(); }
   bool empty() const noexcept { return bytes_.empty(); }
+  /// @}
 
+  /// The bytes, valid until the length changes.
+  /// @{
   std::byte* data() noexcept { return bytes_.data(); }
   const std::byte* data() const noexcept { return bytes_.data(); }
   iterator begin() noexcept { return bytes_.begin(); }
   iterator end() noexcept { return bytes_.end(); }
   const_iterator begin() const noexcept { return bytes_.begin(); }
   const_iterator end() const noexcept { return bytes_.end(); }
+  /// @}
 
   /// The bytes taken as a text, whatever they hold. Valid until the buffer changes.
   std::string_view text() const& noexcept {
@@ -63,10 +73,12 @@ class TOLVANITE_EXPORT ByteBuffer {
   const std::byte& operator[](Int index) const { return bytes_[checkedIndex(index)]; }
 
   /// Adds bytes behind the last one. The argument may be a part of this buffer.
+  /// @{
   void append(std::byte byte) { bytes_.push_back(byte); }
   void append(std::span<const std::byte> bytes);
   void append(std::string_view text) { append(std::as_bytes(std::span(text))); }
   void append(const ByteBuffer& other) { append(std::span(other)); }
+  /// @}
 
   /// Cuts off the last bytes, or adds zero bytes, until `count` are there. A negative count is
   /// fatal.
@@ -75,6 +87,7 @@ class TOLVANITE_EXPORT ByteBuffer {
   /// Removes the first `count` bytes, of which there must be so many, else it is fatal.
   void removeFirst(Int count);
 
+  /// Removes all bytes.
   void removeAll() noexcept { bytes_.clear(); }
 
   /// Makes room for `count` bytes in all; the length stays.

@@ -14,6 +14,8 @@ Block<void(bool)> qdispatch::onMainQueueDelayedOrManual(double seconds, Block<vo
   const double nanoseconds = seconds * 1'000'000'000;
   if (!(nanoseconds >= -0x1p63 && nanoseconds < 0x1p63)) fatalFailure("", location);
 
+  if (!closure) return [](bool) {};
+
   using Shared = std::shared_ptr<const Block<void(bool)>>;
   const auto shared = std::make_shared<const Block<void(bool)>>(std::move(closure));
   // Emptied by whichever comes first, the trigger or the timed run, which alone looks into it.

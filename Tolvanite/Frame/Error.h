@@ -18,6 +18,7 @@ namespace tolvanite {
 /// A reported error with a text for people. Its text form is that text.
 class TOLVANITE_EXPORT Error : public std::exception {
  public:
+  /// An error with a text for people.
   explicit Error(std::string description) : description_(std::move(description)) {}
   Error(const Error&) = default;
   Error(Error&&) = default;
@@ -29,6 +30,7 @@ class TOLVANITE_EXPORT Error : public std::exception {
   const std::string& description() const noexcept { return description_; }
   /// The text to show to a user; the description unless an error type says otherwise.
   virtual std::string localizedDescription() const { return description_; }
+  /// The description.
   const char* what() const noexcept override { return description_.c_str(); }
 
  private:

@@ -27,6 +27,7 @@ namespace tolvanite {
     std::source_location location = std::source_location::current());
 
 /// `a + b`, `a - b`, `a * b`; overflow is fatal.
+/// @{
 template <typename Integer>
 constexpr Integer checkedAdd(Integer a, Integer b,
                              std::source_location location = std::source_location::current()) {
@@ -48,5 +49,6 @@ constexpr Integer checkedMultiply(Integer a, Integer b,
   if (__builtin_mul_overflow(a, b, &result)) fatalOverflow(location);
   return result;
 }
+/// @}
 
 }  // namespace tolvanite

@@ -3,18 +3,16 @@
 #include <algorithm>
 #include <ostream>
 
+#include <Tolvanite/Frame/detail/PercentEncoding.h>
+
 namespace tolvanite {
 
 namespace {
 
 constexpr std::string_view scheme = "file://";
 
-// What a URL's path holds as it is: RFC 3986, section 3.3.
-bool isPlainInUrlPath(char byte) {
-  if ((byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z')) return true;
-  if (byte >= '0' && byte <= '9') return true;
-  return std::string_view("-._~!$&'()*+,;=:@/").find(byte) != std::string_view::npos;
-}
+// What a URL's path holds as it is, beside letters and digits: RFC 3986, section 3.3.
+constexpr std::string_view plainMarks = "-._~!$&'()*+,;=:@/";
 
 int hexadecimalDigit(char digit) {
   if (digit >= '0' && digit <= '9') return digit - '0';
@@ -77,16 +75,7 @@ Optional<FileLocation> FileLocation::fromAbsoluteString(std::string_view text) {
 }
 
 std::string FileLocation::absoluteString() const {
-  constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string result(scheme);
-  for (const char byte : path_) {
-    if (isPlainInUrlPath(byte)) {
-      result += byte;
-    } else {
-      const auto value = static_cast<unsigned char>(byte);
-      result += {'%', digits[value / 16], digits[value % 16]};
-    }
-  }
+  std::string result = std::string(scheme) + detail::percentEncoded(path_, plainMarks);
   if (isDirectory_ && !endsInSlash(result)) result += '/';
   return result;
 }

@@ -25,6 +25,7 @@
 
 namespace tolvanite {
 
+/// An absolute path and whether it is meant as a directory.
 class TOLVANITE_EXPORT FileLocation {
  public:
   /// The location of a path; a directory if the path ends in "/". A relative path is taken from
@@ -42,6 +43,7 @@ class TOLVANITE_EXPORT FileLocation {
   /// The path, without a "/" at its end unless it is the root.
   const std::string& path() const& noexcept { return path_; }
   std::string path() && noexcept { return std::move(path_); }
+  /// The path for the standard library.
   std::filesystem::path filesystemPath() const { return path_; }
 
   /// Whether the location is meant as a directory, whatever is on the disk.
@@ -72,9 +74,11 @@ class TOLVANITE_EXPORT FileLocation {
   FileLocation deletingPathExtension() const;
 
   /// What is on the disk at this moment. False if nothing is there or if it can't be told.
+  /// @{
   bool fileExists() const;
   bool fileExistsAndIsDirectory() const;
   bool fileExistsAndIsNotDirectory() const;
+  /// @}
 
   /// The absolute string.
   std::string description() const { return absoluteString(); }

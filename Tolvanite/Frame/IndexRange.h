@@ -32,10 +32,15 @@ class IndexRange {
       fatalFailure("Range ends before it starts: " + description(), location);
   }
 
+  /// The first index, unless the range is empty.
   constexpr Int lowerBound() const { return lowerBound_; }
+  /// The index behind the last one.
   constexpr Int upperBound() const { return upperBound_; }
+  /// The number of indexes. Fatal if an Int is too small for it.
   constexpr Int count() const { return checkedSubtract(upperBound_, lowerBound_); }
+  /// Whether there is no index.
   constexpr bool isEmpty() const { return lowerBound_ == upperBound_; }
+  /// Whether `index` is one of them.
   constexpr bool contains(Int index) const { return lowerBound_ <= index && index < upperBound_; }
 
   /// "0..<2".

@@ -9,6 +9,7 @@
 #include <functional>
 #include <ostream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include <Tolvanite/Frame/Unicode.h>
@@ -18,13 +19,16 @@ namespace tolvanite {
 /// A text with its lower-case form, by which alone it is compared, ordered and hashed.
 class LowercasedStringWrapper {
  public:
-  explicit LowercasedStringWrapper(std::string string) { setString(std::move(string)); }
+  /// A text of any case.
+  explicit LowercasedStringWrapper(std::string_view string) { setString(string); }
 
   /// The text as it was given.
   const std::string& string() const { return string_; }
-  void setString(std::string string) {
-    lowercased_ = tolvanite::lowercased(string);
-    string_ = std::move(string);
+  /// Replaces the text and its lower-case form. The argument may be a part of either.
+  void setString(std::string_view string) {
+    std::string lower = tolvanite::lowercased(string);
+    string_.assign(string);
+    lowercased_ = std::move(lower);
   }
   /// Its lower-case form.
   const std::string& lowercased() const { return lowercased_; }

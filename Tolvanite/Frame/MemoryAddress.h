@@ -14,13 +14,17 @@
 
 namespace tolvanite {
 
+/// The address of a `T`, kept as a number.
 template <typename T>
 class MemoryAddress {
  public:
   /// The address of the object; that of no object is 0.
+  /// @{
   explicit MemoryAddress(T* of) : intValue_(reinterpret_cast<std::intptr_t>(of)) {}
   explicit MemoryAddress(const std::shared_ptr<T>& of) : MemoryAddress(of.get()) {}
+  /// @}
 
+  /// The address as a number.
   std::intptr_t intValue() const { return intValue_; }
 
   /// "0x" and sixteen lower-case hexadecimal digits.

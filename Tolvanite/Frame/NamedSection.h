@@ -15,6 +15,7 @@
 
 namespace tolvanite {
 
+/// A section of actions, by reference.
 class NamedSection {
  public:
   /// A section without a code.
@@ -27,9 +28,14 @@ class NamedSection {
   NamedSection(const NamedSection&) = delete;
   NamedSection& operator=(const NamedSection&) = delete;
 
+  /// What identifies the section; absent until it is set.
   Optional<std::string> code;
+  /// The texts above and below it.
+  /// @{
   Optional<std::string> headerText;
   Optional<std::string> footerText;
+  /// @}
+  /// What it offers, in this order.
   std::vector<NamedAction> namedActions;
 
  private:

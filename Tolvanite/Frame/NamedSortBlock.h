@@ -18,11 +18,12 @@ namespace tolvanite {
 /// A sort order of `T` that is known by its `code`.
 template <typename T>
 struct NamedSortBlock {
+  /// Whether the first argument stands before the second.
   using SortBlock = Block<bool(const T&, const T&)>;
 
   /// The name of the order and its identity.
   std::string code;
-  /// True when the first argument stands before the second.
+  /// The order itself.
   SortBlock sortBlock;
   /// Marks a reversed order. The sorted collections read only `sortBlock`.
   bool reverse = false;

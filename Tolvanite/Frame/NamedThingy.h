@@ -4,17 +4,26 @@
 #pragma once
 
 #include <concepts>
+#include <cstddef>
+#include <functional>
+#include <ostream>
 #include <string>
 #include <utility>
 
+#include <Tolvanite/Frame/ArrayConcepts.h>
+
 namespace tolvanite {
 
+/// A value and its name.
 template <typename T>
 class NamedThingy {
  public:
+  /// The value comes first.
   NamedThingy(T thingy, std::string named) : name_(std::move(named)), thingy_(std::move(thingy)) {}
 
+  /// What to show.
   const std::string& name() const { return name_; }
+  /// The value.
   const T& thingy() const { return thingy_; }
 
   /// The name.
@@ -24,6 +33,9 @@ class NamedThingy {
   friend bool operator==(const NamedThingy&, const NamedThingy&)
     requires std::equality_comparable<T>
   = default;
+  friend std::ostream& operator<<(std::ostream& out, const NamedThingy& thingy) {
+    return out << thingy.name_;
+  }
 
  private:
   std::string name_;
@@ -31,3 +43,10 @@ class NamedThingy {
 };
 
 }  // namespace tolvanite
+
+template <tolvanite::Hashable T>
+struct std::hash<tolvanite::NamedThingy<T>> {
+  std::size_t operator()(const tolvanite::NamedThingy<T>& thingy) const {
+    return std::hash<std::string>{}(thingy.name()) * 31 + std::hash<T>{}(thingy.thingy());
+  }
+};

@@ -14,6 +14,7 @@
 #include <concepts>
 #include <functional>
 #include <optional>
+#include <ostream>
 #include <source_location>
 #include <string>
 #include <string_view>
@@ -371,6 +372,12 @@ template <typename A, typename B>
   requires detail::LessComparableWith<A, B>
 constexpr auto operator<=>(const std::optional<A>& a, const Optional<B>& b) {
   return detail::optionalOrder(a, b.base());
+}
+
+/// The text form: that of the value, or "nil".
+template <HasTextForm T>
+std::ostream& operator<<(std::ostream& out, const Optional<T>& optional) {
+  return out << textForm(optional);
 }
 
 }  // namespace tolvanite

@@ -32,7 +32,8 @@ Optional<Wanted> castPresent(Value&& value, std::source_location location) {
 
 /// The value as a `Wanted` by its dynamic type, as `Optional::forcedCast` casts; absent when
 /// absent. Fatal when present and of another type: "optionalCast<Wanted>(instanceSome) failed. Is
-/// of type: TYPE".
+/// of type: TYPE". The value of a temporary is moved out.
+/// @{
 template <typename Wanted, typename From>
 Optional<Wanted> optionalCast(const std::optional<From>& value,
                               std::source_location location = std::source_location::current()) {
@@ -45,5 +46,6 @@ Optional<Wanted> optionalCast(std::optional<From>&& value,
   if (!value.has_value()) return std::nullopt;
   return detail::castPresent<Wanted>(*std::move(value), location);
 }
+/// @}
 
 }  // namespace tolvanite

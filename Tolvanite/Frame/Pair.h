@@ -17,13 +17,18 @@
 
 namespace tolvanite {
 
+/// Two values, `a` and `b`.
 template <typename T>
 class Pair {
  public:
+  /// Takes both, in this order.
   constexpr Pair(T a, T b) : a_(std::move(a)), b_(std::move(b)) {}
 
+  /// The values, which stay.
+  /// @{
   constexpr const T& a() const { return a_; }
   constexpr const T& b() const { return b_; }
+  /// @}
 
   /// As that of a standard pair: "(3, 8)", texts between double quotes.
   std::string description() const

@@ -10,18 +10,22 @@
 
 namespace tolvanite {
 
+/// Switches and a sleep.
 struct TOLVANITE_EXPORT q {
   q() = delete;
 
   /// Blocks the calling thread for that many seconds. What is not above zero returns at once.
   static void sleep(double seconds);
 
+  /// Always true, or always false, for a branch to be switched by hand.
+  /// @{
   static bool trueVar() { return true; }
   static bool falseVar() { return false; }
   static bool t() { return true; }
   static bool f() { return false; }
   static bool alwaysTrue() { return true; }
   static bool alwaysFalse() { return false; }
+  /// @}
 
   /// Whether a value was given.
   static bool methodHasParameter(const Optional<Int>& value = std::nullopt) {
@@ -31,6 +35,7 @@ struct TOLVANITE_EXPORT q {
 
 /// A value that can be made anywhere and is worth nothing but its number.
 struct qkill {
+  /// 2912.
   Int value;
 
   constexpr qkill() : value(2912) {}

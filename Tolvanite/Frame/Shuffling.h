@@ -75,6 +75,7 @@ template <SwappableArray A>
 void randomize(A&& array, Int shuffleRounds = 1,
                std::source_location location = std::source_location::current()) {
   const Int count = detail::countOf(array);
+  if (count == 0) return;
   for (Int round = 0; round < shuffleRounds; ++round) {
     for (Int i = 0; i < count; ++i) {
       const Int a = detail::drawBelow(count, location);

@@ -23,22 +23,28 @@
 
 namespace tolvanite {
 
+/// The name of an encoding, and its conversions.
 class TOLVANITE_EXPORT TextEncoding {
  public:
+  /// Encodings without a choice of the byte order.
+  /// @{
   static const TextEncoding utf8;
   static const TextEncoding ascii;
   static const TextEncoding isoLatin1;
   static const TextEncoding windowsCP1252;
   static const TextEncoding macRoman;
-  // Without a byte order in the name: encoding writes a byte order mark and then the machine's
-  // order; decoding follows the mark, and takes the big end first where there is none. With an
-  // order in the name: no mark is written, and one that is read is a character as any other.
+  /// @}
+  /// Without a byte order in the name: encoding writes a byte order mark and then the machine's
+  /// order; decoding follows the mark, and takes the big end first where there is none. With an
+  /// order in the name: no mark is written, and one that is read is a character as any other.
+  /// @{
   static const TextEncoding utf16;
   static const TextEncoding utf16LittleEndian;
   static const TextEncoding utf16BigEndian;
   static const TextEncoding utf32;
   static const TextEncoding utf32LittleEndian;
   static const TextEncoding utf32BigEndian;
+  /// @}
 
   /// UTF-8.
   constexpr TextEncoding() noexcept = default;
@@ -51,10 +57,12 @@ class TOLVANITE_EXPORT TextEncoding {
   Optional<ByteBuffer> encode(std::string_view text) const;
 
   /// The text of bytes in this encoding. Absent if they are malformed.
+  /// @{
   Optional<std::string> decode(std::span<const std::byte> bytes) const;
   Optional<std::string> decode(std::string_view bytes) const {
     return decode(std::as_bytes(std::span(bytes)));
   }
+  /// @}
 
   /// The name.
   std::string description() const { return std::string(name()); }

@@ -6,11 +6,13 @@
 //
 // A type gives its text form by a member `description()`, else by `operator<<`. Built in are
 // numbers, truth values, texts, optionals, pointers (that of the pointee, or "nil"), pairs and
-// tuples, ranges and maps. Texts inside of another value stand between double quotes.
+// tuples, ranges and maps, and exceptions by their `what()`. Texts inside of another value stand
+// between double quotes.
 #pragma once
 
 #include <concepts>
 #include <cstdlib>
+#include <exception>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -41,7 +43,16 @@ concept Describes = requires(const T& value) {
 };
 
 template <typename T>
-concept TextLike = std::convertible_to<const T&, std::string_view>;
+concept TextLike = std::convertible_to<const T&, std::string_view> && !std::is_null_pointer_v<T>;
+
+// The text of a TextLike; absent for a null pointer to characters.
+template <TextLike T>
+std::optional<std::string> textIn(const T& value) {
+  if constexpr (std::is_pointer_v<T>) {
+    if (value == nullptr) return std::nullopt;
+  }
+  return std::string(std::string_view(value));
+}
 
 template <typename T>
 inline constexpr bool isOptional = false;
@@ -82,7 +93,8 @@ std::string textForm(const T& value) {
   return detail::TextFormOf<T>::text(value);
 }
 
-/// The name of a type as a person would write it.
+/// The name of a type as a person would write it: a std::string is no std::basic_string of three
+/// parameters, and standard allocators are left out.
 template <typename T>
 std::string typeName() {
   return detail::readableTypeName(typeid(T));
@@ -92,13 +104,14 @@ namespace detail {
 
 template <typename T>
 constexpr bool hasTextForm() {
-  if constexpr (Describes<T> || TextLike<T> || std::is_arithmetic_v<T>) {
+  if constexpr (Describes<T> || TextLike<T> || std::is_arithmetic_v<T> ||
+                std::is_null_pointer_v<T>) {
     return true;
   } else if constexpr (OptionalLike<T>) {
     return TextFormOf<std::remove_cvref_t<typename T::value_type>>::exists;
   } else if constexpr (PointerLike<T>) {
     return TextFormOf<std::remove_cvref_t<decltype(*std::declval<const T&>())>>::exists;
-  } else if constexpr (Streams<T>) {
+  } else if constexpr (Streams<T> || std::derived_from<T, std::exception>) {
     return true;
   } else if constexpr (std::ranges::input_range<const T>) {
     using Value = std::remove_cvref_t<std::ranges::range_reference_t<const T>>;
@@ -123,7 +136,8 @@ std::string innerText(const T& value) {
   if constexpr (OptionalLike<T>) {
     return value.has_value() ? innerText(*value) : std::string("nil");
   } else if constexpr (TextLike<T> && !Describes<T>) {
-    return "\"" + std::string(std::string_view(value)) + "\"";
+    const auto text = textIn(value);
+    return text.has_value() ? "\"" + *text + "\"" : std::string("nil");
   } else {
     return TextFormOf<T>::text(value);
   }
@@ -168,7 +182,9 @@ struct TextFormOf {
     if constexpr (Describes<T>) {
       return value.description();
     } else if constexpr (TextLike<T>) {
-      return std::string(std::string_view(value));
+      return textIn(value).value_or("nil");
+    } else if constexpr (std::is_null_pointer_v<T>) {
+      return "nil";
     } else if constexpr (std::same_as<T, bool>) {
       return value ? "true" : "false";
     } else if constexpr (std::same_as<T, char>) {
@@ -189,6 +205,8 @@ struct TextFormOf {
       std::ostringstream out;
       out << value;
       return std::move(out).str();
+    } else if constexpr (std::derived_from<T, std::exception>) {
+      return value.what();
     } else if constexpr (std::ranges::input_range<const T>) {
       return listText(value);
     } else {

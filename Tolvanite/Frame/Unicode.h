@@ -40,8 +40,10 @@ TOLVANITE_EXPORT std::string_view droppingLastCharacters(std::string_view text, 
 
 /// The text in lower or upper case, by the full mappings of Unicode without the customs of any
 /// language: a mapping may change the number of characters.
+/// @{
 TOLVANITE_EXPORT std::string lowercased(std::string_view text);
 TOLVANITE_EXPORT std::string uppercased(std::string_view text);
+/// @}
 
 /// Whether the text has no malformed sequence: none cut short, overlong, of a surrogate or above
 /// U+10FFFF.

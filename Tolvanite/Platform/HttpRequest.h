@@ -15,6 +15,7 @@ namespace tolvanite {
 
 /// How a request ended: with the bytes of an answer, of whatever status, or with an error.
 struct HttpResult {
+  /// The bytes of the answer; absent after an error.
   std::optional<std::string> body;
   /// What went wrong, for people; empty when there is a body.
   std::string error;
@@ -24,7 +25,7 @@ struct HttpResult {
 /// are followed, proxies are not used. A minute without a connection or without a byte is an error.
 /// `completion` is called once, on a background thread, and must not throw; it is not called any
 /// more when the process ends first.
-TOLVANITE_EXPORT void startHttpGet(std::string url,
+TOLVANITE_EXPORT void startHttpGet(const std::string& url,
                                    std::function<void(const HttpResult&)> completion);
 
 }  // namespace tolvanite

@@ -23,8 +23,10 @@ inline bool isProcessSingleThreaded() noexcept {
 /// Counts the owners of something that is destroyed by whoever drops the last reference.
 class SharedCount {
  public:
+  /// So many owners to begin with.
   explicit SharedCount(std::uint32_t count) noexcept : count_(count) {}
 
+  /// Takes a further reference.
   void add() noexcept {
     if (isProcessSingleThreaded()) {
       count_.store(count_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
@@ -44,6 +46,7 @@ class SharedCount {
     return count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
   }
 
+  /// The number of owners at this moment.
   std::uint32_t value() const noexcept { return count_.load(std::memory_order_acquire); }
 
  private:

@@ -86,6 +86,7 @@ class TOLVANITE_EXPORT TextTable {
   template <detail::RowOfValues Range>
   void addRow(const Range& values) {
     std::vector<std::string> texts;
+    if constexpr (std::ranges::sized_range<const Range>) texts.reserve(std::ranges::size(values));
     for (const auto& value : values) {
       texts.push_back(textForm<std::ranges::range_value_t<const Range>>(value));
     }

@@ -36,6 +36,16 @@ inline constexpr bool isSharedPointer<std::shared_ptr<T>> = true;
 template <typename To, typename From>
 concept DynamicallyCastable = requires(From pointer) { dynamic_cast<To>(pointer); };
 
+// A part of a forwarded value, which may be moved from if the whole may.
+template <typename Whole, typename Part>
+decltype(auto) asPartOf(Part& part) {
+  if constexpr (std::is_lvalue_reference_v<Whole>) {
+    return (part);
+  } else {
+    return std::move(part);
+  }
+}
+
 /// `value` as a `To`, or nothing. The same type always succeeds; a std::any and a std::variant give
 /// what they hold; pointers and std::shared_ptr of classes are cast by the class of the object, and
 /// a null pointer is an instance of no class. Every other cast fails: numbers are not converted.
@@ -46,10 +56,11 @@ std::optional<To> dynamicCast(From&& value) {
     return std::optional<To>(std::in_place, std::forward<From>(value));
   } else if constexpr (std::same_as<Source, std::any>) {
     auto* held = std::any_cast<To>(&value);
-    return held == nullptr ? std::optional<To>() : std::optional<To>(std::in_place, *held);
+    return held == nullptr ? std::optional<To>()
+                           : std::optional<To>(std::in_place, asPartOf<From>(*held));
   } else if constexpr (isVariant<Source>) {
     if constexpr (alternativeCount<To, Source> == 1) {
-      if (auto* held = std::get_if<To>(&value)) return *held;
+      if (auto* held = std::get_if<To>(&value)) return asPartOf<From>(*held);
     }
     return std::nullopt;
   } else if constexpr (isSharedPointer<Source> && isSharedPointer<To>) {

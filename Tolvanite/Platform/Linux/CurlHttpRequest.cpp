@@ -177,7 +177,7 @@ class Requests {
 
 }  // namespace
 
-void startHttpGet(std::string url, std::function<void(const HttpResult&)> completion) {
+void startHttpGet(const std::string& url, std::function<void(const HttpResult&)> completion) {
   Requests& requests = Requests::shared();
   requests.start(makeRequest(url, std::move(completion)));
 }

@@ -1,0 +1,178 @@
+// A sequence of elements as the observable collections hold it and pass it around: a random-access
+// range of `const T&`. A copy costs one reference, whatever its length, and shares the elements.
+//
+//   tolvanite::ElementArray<Track> tracks{first, second};
+//   kerray->appendMultiple(tracks);
+//   for (const Track& track : kerray->array()) std::cout << track.title << '\n';
+#pragma once
+
+#include <compare>
+#include <concepts>
+#include <initializer_list>
+#include <iterator>
+#include <ranges>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <Tolvanite/DataStructures/detail/Box.h>
+#include <Tolvanite/Frame/Fatal.h>
+#include <Tolvanite/Frame/TextForm.h>
+#include <Tolvanite/Frame/Types.h>
+
+namespace tolvanite {
+
+/// A value type with copy-on-write content. Made from any range of elements, so that every
+/// operation that takes one can be given a vector, a braced list or a view.
+template <typename T>
+class ElementArray {
+ public:
+  using value_type = T;
+
+  class Iterator {
+   public:
+    using value_type = T;
+    using difference_type = std::ptrdiff_t;
+    using reference = const T&;
+    using pointer = const T*;
+    using iterator_category = std::random_access_iterator_tag;
+
+    Iterator() = default;
+    reference operator*() const noexcept { return detail::boxOf<T>(*position_)->value; }
+    pointer operator->() const noexcept { return &**this; }
+    reference operator[](difference_type n) const noexcept { return *(*this + n); }
+    Iterator& operator++() noexcept { return *this += 1; }
+    Iterator& operator--() noexcept { return *this -= 1; }
+    Iterator operator++(int) noexcept { return Iterator(position_++); }
+    Iterator operator--(int) noexcept { return Iterator(position_--); }
+    Iterator& operator+=(difference_type n) noexcept {
+      position_ += n;
+      return *this;
+    }
+    Iterator& operator-=(difference_type n) noexcept {
+      position_ -= n;
+      return *this;
+    }
+    friend Iterator operator+(Iterator i, difference_type n) noexcept { return i += n; }
+    friend Iterator operator+(difference_type n, Iterator i) noexcept { return i += n; }
+    friend Iterator operator-(Iterator i, difference_type n) noexcept { return i -= n; }
+    friend difference_type operator-(Iterator a, Iterator b) noexcept {
+      return a.position_ - b.position_;
+    }
+    auto operator<=>(const Iterator&) const = default;
+
+   private:
+    friend class ElementArray;
+    explicit Iterator(detail::BoxHeader* const* position) noexcept : position_(position) {}
+
+    detail::BoxHeader* const* position_ = nullptr;
+  };
+  using const_iterator = Iterator;
+
+  ElementArray() = default;
+  ElementArray(std::initializer_list<T> elements) { appendAll(elements); }
+  /// The elements of any range. Linear.
+  template <std::ranges::input_range Range>
+    requires(!std::same_as<std::remove_cvref_t<Range>, ElementArray> &&
+             std::constructible_from<T, std::ranges::range_reference_t<Range>>)
+  ElementArray(Range&& elements) {
+    appendAll(std::forward<Range>(elements));
+  }
+
+  Int count() const noexcept { return content_ ? content_->handles.count() : 0; }
+  bool isEmpty() const noexcept { return count() == 0; }
+  std::size_t size() const noexcept { return static_cast<std::size_t>(count()); }
+  bool empty() const noexcept { return isEmpty(); }
+
+  /// The element at `index`; an index out of range is fatal.
+  const T& operator[](Int index) const {
+    checkIndex(index, count());
+    return detail::boxOf<T>(content_->handles.data()[index])->value;
+  }
+  const T& front() const { return (*this)[0]; }
+  const T& back() const { return (*this)[count() - 1]; }
+
+  Iterator begin() const noexcept {
+    return Iterator(content_ ? content_->handles.data() : nullptr);
+  }
+  Iterator end() const noexcept { return begin() + count(); }
+
+  /// "[a, b]".
+  std::string description() const
+    requires HasTextForm<T>
+  {
+    return detail::listText(*this);
+  }
+
+  friend bool operator==(const ElementArray& a, const ElementArray& b)
+    requires std::equality_comparable<T>
+  {
+    return a.content_ == b.content_ || std::ranges::equal(a, b);
+  }
+  friend std::ostream& operator<<(std::ostream& out, const ElementArray& array)
+    requires HasTextForm<T>
+  {
+    return out << array.description();
+  }
+
+ protected:
+  struct Content {
+    Content() = default;
+    Content(const Content& other) : handles(other.handles) {
+      for (Int i = 0; i < handles.count(); ++i) handles.data()[i]->references.add();
+    }
+    Content& operator=(const Content&) = delete;
+    ~Content() {
+      for (Int i = 0; i < handles.count(); ++i) detail::release<T>(handles.data()[i]);
+    }
+
+    SharedCount references{1};
+    detail::HandleBuffer handles;
+  };
+
+  static void checkIndex(Int index, Int count) {
+    if (index < 0 || index >= count) [[unlikely]] {
+      fatalIndexOutOfRange(index, count);
+    }
+  }
+
+  // The handles to change: content that a copy shares is left to the copy.
+  detail::HandleBuffer& handles() {
+    if (!content_) {
+      content_ = detail::Counted<Content>::make();
+    } else if (content_.isShared()) {
+      content_ = detail::Counted<Content>::make(*content_.get());
+    }
+    return content_->handles;
+  }
+
+  template <typename Range>
+  void appendAll(Range&& elements) {
+    auto& target = handles();
+    if constexpr (std::ranges::sized_range<Range>) {
+      target.reserve(static_cast<Int>(std::ranges::size(elements)));
+    }
+    // A container that is given away gives its elements away, too.
+    constexpr bool givenAway = !std::is_lvalue_reference_v<Range> && !std::ranges::view<Range> &&
+                               !std::is_const_v<std::remove_reference_t<Range>>;
+    for (auto&& element : elements) {
+      auto handle = [&] {
+        if constexpr (givenAway) {
+          return detail::Handle<T>::make(T(std::move(element)));
+        } else {
+          return detail::Handle<T>::make(T(std::forward<decltype(element)>(element)));
+        }
+      }();
+      target.append(handle.get());
+      handle.leak();
+    }
+  }
+
+  detail::Counted<Content> content_;
+};
+
+template <typename Range>
+ElementArray(Range&&) -> ElementArray<std::ranges::range_value_t<Range>>;
+
+}  // namespace tolvanite

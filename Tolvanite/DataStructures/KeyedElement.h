@@ -1,0 +1,103 @@
+// What the keyed collections ask of their elements: a read-only `key`, hashable and ordered, that
+// identifies the element while the rest of its content may change.
+//
+//   struct Track {
+//     std::string key;    // or a member function key()
+//     std::string title;
+//     bool operator==(const Track& other) const { return key == other.key; }
+//   };
+//   static_assert(tolvanite::EquatableKeyedElement<Track>);
+//
+// Elements may also be held by smart pointer: key, equality and hash are those of the pointee.
+//
+// Equality must imply equal keys, and should be the equality of the keys. The sorted views find an
+// updated element again by its equality: a type whose equality covers content that changes makes
+// the first update end the process.
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <functional>
+#include <type_traits>
+
+namespace tolvanite {
+
+namespace detail {
+
+template <typename T>
+concept HasKeyFunction = requires(const T& element) { element.key(); };
+
+template <typename T>
+concept HasKeyField = requires(const T& element) { element.key; } && !HasKeyFunction<T>;
+
+template <typename T>
+concept PointsToElement = !HasKeyFunction<T> && !HasKeyField<T> && requires(const T& pointer) {
+  *pointer;
+  { pointer == nullptr } -> std::convertible_to<bool>;
+};
+
+}  // namespace detail
+
+/// How the collections see an element of type T. To be specialised for a type whose key is told by
+/// other means than a member `key`.
+template <typename T>
+struct ElementTraits {
+  static decltype(auto) key(const T& element)
+    requires detail::HasKeyFunction<T>
+  {
+    return element.key();
+  }
+  static const auto& key(const T& element)
+    requires detail::HasKeyField<T>
+  {
+    return element.key;
+  }
+  static decltype(auto) key(const T& pointer)
+    requires detail::PointsToElement<T>
+  {
+    return ElementTraits<std::remove_cvref_t<decltype(*pointer)>>::key(*pointer);
+  }
+
+  static bool equal(const T& a, const T& b)
+    requires std::equality_comparable<T>
+  {
+    if constexpr (detail::PointsToElement<T>) {
+      return a == b || (a != nullptr && b != nullptr && *a == *b);
+    } else {
+      return a == b;
+    }
+  }
+
+  static std::size_t hash(const T& element) {
+    if constexpr (detail::PointsToElement<T>) {
+      return ElementTraits<std::remove_cvref_t<decltype(*element)>>::hash(*element);
+    } else {
+      return std::hash<T>{}(element);
+    }
+  }
+};
+
+/// The type of an element's key.
+template <typename T>
+using KeyType = std::remove_cvref_t<decltype(ElementTraits<T>::key(std::declval<const T&>()))>;
+
+/// An element with a hashable and totally ordered key.
+template <typename T>
+concept KeyedElement = std::movable<T> && requires(const T& element) {
+  ElementTraits<T>::key(element);
+  { std::hash<KeyType<T>>{}(ElementTraits<T>::key(element)) } -> std::convertible_to<std::size_t>;
+} && std::totally_ordered<KeyType<T>>;
+
+/// A keyed element with equality, which must imply equal keys.
+template <typename T>
+concept EquatableKeyedElement = KeyedElement<T> && requires(const T& a, const T& b) {
+  { ElementTraits<T>::equal(a, b) } -> std::convertible_to<bool>;
+};
+
+/// A keyed element with equality and a hash that agrees with it.
+template <typename T>
+concept HashableEquatableKeyedElement = EquatableKeyedElement<T> && requires(const T& element) {
+  { ElementTraits<T>::hash(element) } -> std::convertible_to<std::size_t>;
+};
+
+}  // namespace tolvanite

@@ -1,0 +1,92 @@
+// Owners: what a subscription lives and dies with. Whoever wants to hear about changes names an
+// object as its owner; the thing observed holds it only weakly, so nobody ever has to unsubscribe.
+//
+//   class Controller {                       // lives on the stack or inside of another object
+//    public:
+//     explicit Controller(tolvanite::ObservableProperty<int>& volume) {
+//       volume.fountain().add(owner_, [this](int value) { show(value); });
+//     }
+//    private:
+//     void show(int value);
+//     tolvanite::OwnerToken owner_;          // last member: it ends first
+//   };
+//
+// An object that lives in a `std::shared_ptr` is an owner as it is: `fountain.add(controller,
+// ...)`.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include <Tolvanite/Frame/Types.h>
+#include <Tolvanite/Platform/Export.h>
+
+namespace tolvanite {
+
+/// A member that makes its host an owner of subscriptions: they end when the host is destroyed.
+/// Every token is an owner of its own. A copy of the host, and a host that another one was moved
+/// into, starts without subscriptions, since the blocks of the first refer to the first.
+class OwnerToken {
+ public:
+  OwnerToken() = default;
+  OwnerToken(const OwnerToken& /*other*/) noexcept {}
+  OwnerToken& operator=(const OwnerToken& /*other*/) noexcept { return *this; }
+  ~OwnerToken() { endSubscriptions(); }
+
+  /// Ends all subscriptions of this owner at once; later ones count anew.
+  void endSubscriptions() noexcept {
+    if (!life_) return;
+    life_.reset();
+    countEnd();
+  }
+
+  /// How many tokens that had subscriptions have ended in this process: while the number stays, so
+  /// do they all.
+  TOLVANITE_EXPORT static std::uint64_t endedCount() noexcept;
+
+ private:
+  friend class Owner;
+  TOLVANITE_EXPORT static void countEnd() noexcept;
+
+  // Made at the first subscription: a host that never subscribes pays nothing.
+  const std::shared_ptr<const void>& life() const {
+    if (!life_) life_ = std::make_shared<char>();
+    return life_;
+  }
+
+  mutable std::shared_ptr<const void> life_;
+};
+
+/// A weak reference to any object, made from any shared or weak pointer or from an `OwnerToken`.
+/// Without an argument it is absent. Two owners are the same when they share one control block.
+class Owner {
+ public:
+  Owner() = default;
+  template <typename T>
+  Owner(const std::shared_ptr<T>& object) : object_(object) {}
+  template <typename T>
+  Owner(const std::weak_ptr<T>& object) : object_(object) {}
+  Owner(const OwnerToken& token) : object_(token.life()), isToken_(true) {}
+
+  /// Whether the object still exists: one load, no lock.
+  bool isAlive() const noexcept { return !object_.expired(); }
+
+  /// The object, kept alive for as long as the result is; null when it is gone.
+  std::shared_ptr<const void> lock() const noexcept { return object_.lock(); }
+
+  /// Whether it was made from an `OwnerToken`.
+  bool isToken() const noexcept { return isToken_; }
+
+  /// Whether both refer to one object. An absent owner is the same as none.
+  bool isSame(const Owner& other) const noexcept {
+    const std::weak_ptr<const void> none;
+    return !object_.owner_before(other.object_) && !other.object_.owner_before(object_) &&
+           (object_.owner_before(none) || none.owner_before(object_));
+  }
+
+ private:
+  std::weak_ptr<const void> object_;
+  bool isToken_ = false;
+};
+
+}  // namespace tolvanite

@@ -1,0 +1,38 @@
+// The base of every observer class: an object that holds its owner weakly and is called for as
+// long as the owner lives.
+//
+//   struct ClockObserver : tolvanite::WeaklyOwnedObject {
+//     using WeaklyOwnedObject::WeaklyOwnedObject;
+//     tolvanite::Block<void(int hour)> struck;
+//   };
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include <Tolvanite/DataStructures/Owner.h>
+
+namespace tolvanite {
+
+/// Holds its owner weakly. The owner is a sign of life and nothing else: it is never passed on.
+class WeaklyOwnedObject {
+ public:
+  explicit WeaklyOwnedObject(Owner owner) : owner_(std::move(owner)) {}
+  WeaklyOwnedObject(const WeaklyOwnedObject&) = delete;
+  WeaklyOwnedObject& operator=(const WeaklyOwnedObject&) = delete;
+
+  /// The owner; null when it is gone.
+  std::shared_ptr<const void> owner() const noexcept { return owner_.lock(); }
+  /// Whether the owner still exists.
+  bool isOwnerAlive() const noexcept { return owner_.isAlive(); }
+  /// Whether the owner is an `OwnerToken`, whose end is told.
+  bool isOwnerToken() const noexcept { return owner_.isToken(); }
+
+ protected:
+  ~WeaklyOwnedObject() = default;
+
+ private:
+  Owner owner_;
+};
+
+}  // namespace tolvanite

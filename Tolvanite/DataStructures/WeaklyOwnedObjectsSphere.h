@@ -1,0 +1,175 @@
+// The observer registry that all collections share: observer objects in the order of their
+// registration, held strongly, each called for as long as its owner lives.
+//
+//   tolvanite::WeaklyOwnedObjectsSphere<ClockObserver> observers;
+//   observers.createNew(controller, [](ClockObserver& o) { o.struck = [](int hour) { ... }; });
+//   for (ClockObserver& observer : observers) {
+//     if (observer.struck) observer.struck(12);
+//   }
+#pragma once
+
+#include <algorithm>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <iterator>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include <Tolvanite/DataStructures/WeaklyOwnedObject.h>
+#include <Tolvanite/DataStructures/detail/Counted.h>
+#include <Tolvanite/DataStructures/detail/Passes.h>
+#include <Tolvanite/Frame/Types.h>
+
+namespace tolvanite {
+
+/// A value type: a copy has the same observers and goes its own way from there. Copying costs one
+/// reference. There is no way to unsubscribe but the end of the owner.
+///
+/// Going over a sphere visits the observers as they stood when the pass began; an observer whose
+/// owner has gone by the time that the pass reaches it is passed over. Observers may be registered
+/// and owners may die during a pass.
+template <std::derived_from<WeaklyOwnedObject> T>
+class WeaklyOwnedObjectsSphere {
+  struct List {
+    List() = default;
+    List(const List& other)
+        : observers(other.observers), areTokensOnly(other.areTokensOnly), sweptAt(other.sweptAt) {}
+
+    SharedCount references{1};
+    std::vector<std::shared_ptr<T>> observers;
+    // Whether all owners are tokens, and how many tokens had ended when the list was swept last.
+    bool areTokensOnly = true;
+    std::uint64_t sweptAt = OwnerToken::endedCount();
+  };
+  using ListReference = detail::Counted<List>;
+
+ public:
+  /// One pass over the observers of living owners.
+  class Iterator {
+   public:
+    using value_type = T;
+    using difference_type = std::ptrdiff_t;
+
+    Iterator() = default;
+    T& operator*() const noexcept { return **position_; }
+    T* operator->() const noexcept { return position_->get(); }
+    Iterator& operator++() noexcept {
+      ++position_;
+      skipDeadOwners();
+      return *this;
+    }
+    void operator++(int) noexcept { ++*this; }
+    bool operator==(std::default_sentinel_t /*end*/) const noexcept { return position_ == end_; }
+
+   private:
+    friend class WeaklyOwnedObjectsSphere;
+    explicit Iterator(ListReference list) : list_(std::move(list)) {
+      if (!list_) return;
+      position_ = list_->observers.data();
+      end_ = position_ + list_->observers.size();
+      skipDeadOwners();
+    }
+    void skipDeadOwners() noexcept {
+      while (position_ != end_ && !(*position_)->isOwnerAlive()) ++position_;
+    }
+
+    // The list outlives the pass, whatever becomes of the sphere meanwhile.
+    ListReference list_;
+    const std::shared_ptr<T>* position_ = nullptr;
+    const std::shared_ptr<T>* end_ = nullptr;
+  };
+
+  /// Makes an observer of `owner`, lets `configure` set it up, and registers it behind all others.
+  /// `configure` runs before the observer is in the list. Observers of owners that are gone are
+  /// let go first: linear, but constant where all owners are tokens and none has ended.
+  std::shared_ptr<T> createNew(const Owner& owner, const Block<void(T&)>& configure = nullptr) {
+    purgeDealloced();
+    auto observer = std::make_shared<T>(owner);
+    if (configure) configure(*observer);
+    add(observer);
+    return observer;
+  }
+
+  /// Registers an observer that the caller made, behind all others; a null pointer is left out.
+  void append(std::shared_ptr<T> observer) {
+    purgeDealloced();
+    if (observer) add(std::move(observer));
+  }
+
+  Iterator begin() const { return Iterator(list_); }
+  std::default_sentinel_t end() const noexcept { return {}; }
+  Iterator makeIterator() const { return begin(); }
+
+  /// Calls `call` with each observer in one pass, as a loop over the sphere does, only quicker.
+  template <typename Call>
+  void forEach(const Call& call) const {
+    const auto list = list_;  // Outlives the pass, whatever becomes of the sphere meanwhile.
+    if (!list) return;
+    const detail::PassUnderWay pass;
+    const std::shared_ptr<T>* const end = list->observers.data() + list->observers.size();
+    for (const std::shared_ptr<T>* i = list->observers.data(); i != end; ++i) {
+      T& observer = **i;
+      if (observer.isOwnerAlive()) [[likely]]
+        call(observer);
+    }
+  }
+
+  /// Whether nothing was ever registered that is still held; constant.
+  bool isEmpty() const noexcept { return !list_ || list_->observers.empty(); }
+
+ private:
+  void add(std::shared_ptr<T> observer) {
+    List& list = listToChange();
+    list.areTokensOnly = list.areTokensOnly && observer->isOwnerToken();
+    list.observers.push_back(std::move(observer));
+  }
+
+  void purgeDealloced() {
+    if (!list_) return;
+    // The end of a token is told, so that without one there is nothing to look for.
+    const std::uint64_t endedTokens = OwnerToken::endedCount();
+    if (list_->areTokensOnly && list_->sweptAt == endedTokens) return;
+    list_->sweptAt = endedTokens;
+    const auto isAlive = [](const auto& observer) { return observer->isOwnerAlive(); };
+    if (std::ranges::all_of(list_->observers, isAlive)) return;
+    auto living = ListReference::make();
+    for (const auto& observer : list_->observers) {
+      if (!isAlive(observer)) continue;
+      living->areTokensOnly = living->areTokensOnly && observer->isOwnerToken();
+      living->observers.push_back(observer);
+    }
+    living->sweptAt = endedTokens;
+    // What the dead observers' blocks hold is released with the old list, last: its end may run
+    // code that registers here again.
+    std::swap(list_, living);
+  }
+
+  // A list that a pass or a copy of the sphere holds is left to it as it stands.
+  List& listToChange() {
+    if (!list_) {
+      list_ = ListReference::make();
+    } else if (list_.isShared()) {
+      list_ = ListReference::make(*list_.get());
+    }
+    return *list_.get();
+  }
+
+  ListReference list_;
+};
+
+namespace detail {
+
+/// Calls the block `event` of every observer that has one, in the order of registration.
+template <typename Observer, typename Event, typename... Arguments>
+void notify(const WeaklyOwnedObjectsSphere<Observer>& observers, Event Observer::* event,
+            Arguments&&... arguments) {
+  observers.forEach([&](Observer& observer) {
+    if (const Event& block = observer.*event) block(arguments...);
+  });
+}
+
+}  // namespace detail
+
+}  // namespace tolvanite

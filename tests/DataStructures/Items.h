@@ -1,0 +1,163 @@
+// The elements of the collection tests, and changes in a form that can be compared and replayed.
+#pragma once
+
+#include <algorithm>
+#include <compare>
+#include <memory>
+#include <ostream>
+#include <random>
+#include <ranges>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <Tolvanite/DataStructures/Kerray.h>
+#include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerray.h>
+
+namespace tolvanite::testing {
+
+using Random = std::mt19937_64;
+
+inline Int draw(Random& random, Int below) {
+  return below <= 0 ? 0 : static_cast<Int>(random() % static_cast<std::uint64_t>(below));
+}
+
+/// Its equality is that of the key, as the views want it.
+struct Item {
+  Int key = 0;
+  Int rank = 0;
+  Int group = 0;
+  bool operator==(const Item& other) const { return key == other.key; }
+  std::string description() const {
+    return std::to_string(key) + "/" + std::to_string(rank) + "/" + std::to_string(group);
+  }
+};
+
+/// Its equality covers what changes.
+struct StrictItem : Item {
+  bool operator==(const StrictItem& other) const {
+    return key == other.key && rank == other.rank && group == other.group;
+  }
+};
+
+using SharedItem = std::shared_ptr<Item>;
+
+template <typename T>
+T makeElement(Int key, Int rank = 0, Int group = 0) {
+  if constexpr (std::is_same_v<T, SharedItem>) {
+    return std::make_shared<Item>(Item{key, rank, group});
+  } else if constexpr (std::is_same_v<T, StrictItem>) {
+    return StrictItem{{key, rank, group}};
+  } else {
+    return T{key, rank, group};
+  }
+}
+inline const Item& itemOf(const Item& item) { return item; }
+inline const Item& itemOf(const SharedItem& item) { return *item; }
+
+template <typename Elements>
+std::vector<std::string> textsOf(const Elements& elements) {
+  std::vector<std::string> texts;
+  for (const auto& element : elements) texts.push_back(textForm(element));
+  return texts;
+}
+using Texts = std::vector<std::string>;
+
+/// An event with all its arguments; elements by their content at that time.
+struct Change {
+  std::string event;
+  std::vector<Int> indexes = {};
+  Texts elements = {};
+  Int to = -1;
+  bool operator==(const Change&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const Change& change) {
+    return out << change.event << ' ' << textForm(change.indexes) << ' '
+               << textForm(change.elements) << " to " << change.to;
+  }
+};
+using Changes = std::vector<Change>;
+
+/// What `changed` does to a copy of the content; `now` is the content that wholesale events mean.
+template <typename Now>
+void replay(const Change& change, Texts& copy, const Now& now) {
+  const auto at = [&](Int index) {
+    if (index < 0 || index > static_cast<Int>(copy.size())) throw std::out_of_range("replay");
+    return copy.begin() + index;
+  };
+  const auto& [event, indexes, elements, to] = change;
+  if (event == "inserted" || event == "insertedMultipleDistributed") {
+    for (std::size_t i = 0; i < indexes.size(); ++i) copy.insert(at(indexes[i]), elements[i]);
+  } else if (event == "insertedMultipleContinuous") {
+    copy.insert(at(indexes[0]), elements.begin(), elements.end());
+  } else if (event == "removed" || event == "removedMultiple") {
+    auto descending = indexes;
+    std::ranges::sort(descending, std::ranges::greater());
+    for (const Int index : descending) copy.erase(at(index));
+  } else if (event == "updated" || event == "updatedMultiple") {
+    for (std::size_t i = 0; i < indexes.size(); ++i) *at(indexes[i]) = elements[i];
+  } else if (event == "moved" || event == "movedMultiple") {
+    for (const Int from : indexes | std::views::reverse) copy.erase(at(from));
+    for (const auto& element : elements) copy.insert(at(to), element);
+  } else {
+    copy = textsOf(now);
+  }
+}
+
+/// Sets all blocks that `observer` has to hand their arguments to `hear(change)`.
+template <typename Observer>
+void hearAll(Observer& observer, Block<void(const Change&)> hear) {
+  using Indexes = std::vector<Int>;
+  const auto one = [hear](std::string event) {
+    return
+        [=](auto&, Int index, const auto& element) { hear({event, {index}, {textForm(element)}}); };
+  };
+  const auto many = [hear](std::string event) {
+    return [=](auto&, const Indexes& indexes, const auto& elements) {
+      hear({event, indexes, textsOf(elements)});
+    };
+  };
+  const auto none = [hear](std::string event) { return [=](auto&) { hear({event}); }; };
+  observer.replacedContent = none("replacedContent");
+  observer.removedAll = none("removedAll");
+  observer.inserted = one("inserted");
+  observer.removed = one("removed");
+  observer.updated = one("updated");
+  observer.insertedMultipleContinuous = [hear](auto&, Int index, const auto& elements) {
+    hear({"insertedMultipleContinuous", {index}, textsOf(elements)});
+  };
+  observer.insertedMultipleDistributed = many("insertedMultipleDistributed");
+  observer.removedMultiple = many("removedMultiple");
+  observer.moved = [hear](auto&, Int from, Int to, const auto& element) {
+    hear({"moved", {from}, {textForm(element)}, to});
+  };
+  observer.movedMultiple = [hear](auto&, const Indexes& from, Int to, const auto& elements) {
+    hear({"movedMultiple", from, textsOf(elements), to});
+  };
+  if constexpr (requires { observer.updatedMultiple; }) {
+    observer.updatedMultiple = many("updatedMultiple");
+  }
+  if constexpr (requires { observer.sortingChanged; }) {
+    observer.filterChanged = none("filterChanged");
+    observer.sortingChanged = [hear](auto&, const Optional<std::string>& code) {
+      hear({"sortingChanged", {}, {code.value_or("none")}});
+    };
+  }
+}
+
+/// Subscribes to everything and keeps it.
+struct Listener {
+  template <typename Observed>
+  explicit Listener(Observed& observed) {
+    observed.observers.createNew(owner, [this](auto& observer) {
+      hearAll(observer, [this](const Change& change) { changes.push_back(change); });
+    });
+  }
+  Listener(const Listener&) = delete;
+  /// What was heard since the last call.
+  Changes heard() { return std::exchange(changes, {}); }
+
+  Changes changes;
+  OwnerToken owner;
+};
+
+}  // namespace tolvanite::testing
