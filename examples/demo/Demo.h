@@ -1,0 +1,12 @@
+// The demo itself: a model of files, a live view of it, a table that follows the view, and one
+// change of the model after the other. After each, the table has to equal the view.
+#pragma once
+
+#include "FolderScan.h"
+
+namespace demo {
+
+/// Runs all phases and prints what they do. Whether every check was passed.
+bool runDemo(FolderScan scan);
+
+}  // namespace demo
