@@ -14,15 +14,12 @@ struct ChangeObserver : tolvanite::WeaklyOwnedObject {
 };
 
 // The observer registry. It has no unsubscribing: a subscription ends with its listener.
-template <class Sum>
+template <class Sum, class Listener>
 class Registry {
  public:
-  using Owner = std::shared_ptr<Sum>;
-
-  Owner makeListener() { return std::make_shared<Sum>(); }
-  std::shared_ptr<ChangeObserver> subscribe(Owner& owner) {
-    auto observer = observers_.createNew(owner);
-    observer->changed = [listener = owner.get()](std::uint32_t p) { listener->receive(p); };
+  std::shared_ptr<ChangeObserver> subscribe(const Listener& listener) {
+    auto observer = observers_.createNew(Listener::ownerOf(listener));
+    observer->changed = [sum = &listener.sum()](std::uint32_t p) { sum->receive(p); };
     return observer;
   }
   void fire(std::uint32_t payload) {
@@ -30,13 +27,54 @@ class Registry {
       if (observer.changed) observer.changed(payload);
     });
   }
-  static std::uint64_t sum(const Owner& owner) { return owner->sum; }
+  static std::uint64_t sum(const Listener& listener) { return listener.sum().sum; }
 
  private:
   tolvanite::WeaklyOwnedObjectsSphere<ChangeObserver> observers_;
 };
 
-const bool registered = registerNotification<Registry>("tolvanite");
+// A listener with a token as its member.
+template <class Sum>
+class WithToken {
+ public:
+  Sum& sum() const { return content_->sum; }
+  static const tolvanite::OwnerToken& ownerOf(const WithToken& listener) {
+    return listener.content_->owner;
+  }
+
+ private:
+  struct Content {
+    Sum sum;
+    tolvanite::OwnerToken owner;
+  };
+  std::unique_ptr<Content> content_ = std::make_unique<Content>();
+};
+
+// A listener that lives in a shared pointer.
+template <class Sum>
+class Shared {
+ public:
+  Sum& sum() const { return *sum_; }
+  static const std::shared_ptr<Sum>& ownerOf(const Shared& listener) { return listener.sum_; }
+
+ private:
+  std::shared_ptr<Sum> sum_ = std::make_shared<Sum>();
+};
+
+template <class Sum>
+struct ByToken : Registry<Sum, WithToken<Sum>> {
+  using Owner = WithToken<Sum>;
+  Owner makeListener() { return {}; }
+};
+
+template <class Sum>
+struct BySharedPointer : Registry<Sum, Shared<Sum>> {
+  using Owner = Shared<Sum>;
+  Owner makeListener() { return {}; }
+};
+
+const bool registered = registerNotification<ByToken>("tolvanite") &&
+                        registerNotification<BySharedPointer>("tolvanite_shared_ptr");
 
 }  // namespace
 }  // namespace bench

@@ -43,6 +43,7 @@
 #include <Tolvanite/DataStructures/detail/KeptDuringPasses.h>
 #include <Tolvanite/DataStructures/detail/KeyIndex.h>
 #include <Tolvanite/DataStructures/detail/LiveIterator.h>
+#include <Tolvanite/DataStructures/detail/Passes.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/TextForm.h>
@@ -220,8 +221,8 @@ class Kerray final : public detail::KeptDuringPasses {
 
   // Calls `event` of all observers with these arguments, views through `tellFollower`.
   template <typename Event, typename TellFollower, typename... Arguments>
-  void tell(Event Observer::* event, const TellFollower& tellFollower,
-            const Arguments&... arguments);
+  [[gnu::always_inline]] inline void tell(Event Observer::* event, const TellFollower& tellFollower,
+                                          const Arguments&... arguments);
   template <typename Element>
   void insertChecked(Element&& element, Int atIndex);
   void tellInserted(Int index, const Handle& element);
@@ -237,7 +238,14 @@ class Kerray final : public detail::KeptDuringPasses {
   Int indexOfBoxAt(typename detail::KeyIndex<T>::Spot spot) const;
   // Whether the two stores, and nobody else, hold this element, so that it may change in its box.
   bool isUnshared(const Box* box) const {
-    return box->references.value() == 2 && !array_.isShared();
+    return box->references.value() == 2 && !array_.isShared() && detail::passesUnderWay == 0;
+  }
+  // Passes under way may be telling of what leaves the array.
+  template <typename Content>
+  static void keepDuringPasses(const Content& content) {
+    if (detail::passesUnderWay > 0) {
+      detail::keepUntilPassesEnd(std::make_shared<Content>(content));
+    }
   }
   Handle replaceBox(Int index, const Handle& element);
   Handle storeAtIndex(Int index, T element, Handle& old);
@@ -387,6 +395,7 @@ void Kerray<T>::throwIfPresent(const Store& present) {
 template <KeyedElement T>
 auto Kerray<T>::replaceBox(Int index, const Handle& element) -> Handle {
   auto old = array_.replace(index, element);
+  keepDuringPasses(old);
   element->takePlaceFrom(*old.get());
   if (!(ElementTraits<T>::key(*old) == ElementTraits<T>::key(*element))) keysMayRepeat_ = true;
   dictionary_.set(element, index);
@@ -450,14 +459,22 @@ bool Kerray<T>::updateWithKey(const Key& key, Change&& change) {
   if (index < 0) return false;
   Box* box = array_.boxAt(index);
   if (isUnshared(box) && !keysMayRepeat_) {
-    const auto handle = Handle::sharing(box);
+    // No reference is counted: what nested changes take out of the array lives until this pass
+    // ends.
+    const detail::PassUnderWay pass;
     const Key keyBefore = ElementTraits<T>::key(box->value);
     const std::uint64_t changesBefore = changes_;
     std::forward<Change>(change)(box->value);
     if (!(ElementTraits<T>::key(box->value) == keyBefore) || changes_ != changesBefore) {
       failChangedKey();
     }
-    tellUpdated(index, handle, handle);
+    tell(
+        &Observer::updated,
+        [&](auto& follower) {
+          const auto handle = Handle::sharing(box);
+          follower.baseUpdated(index, handle, handle);
+        },
+        index, box->value);
   } else {
     T element = box->value;
     std::forward<Change>(change)(element);
@@ -499,6 +516,7 @@ void Kerray<T>::move(const std::vector<Int>& fromIndexes, Int to) {
 
 template <KeyedElement T>
 void Kerray<T>::fill(ElementArray<T> elements) {
+  keepDuringPasses(array_);
   array_ = Store(std::move(elements));
   dictionary_ = {};
   dictionary_.reserve(count());
@@ -524,6 +542,7 @@ template <KeyedElement T>
 Optional<T> Kerray<T>::removeAtIndex(Int index) {
   if (index >= count()) return {};
   auto handle = array_.removeAt(index);
+  keepDuringPasses(handle);
   dictionary_.remove(ElementTraits<T>::key(*handle));
   tell(
       &Observer::removed, [&](auto& follower) { follower.baseRemoved(index, handle); }, index,
@@ -560,6 +579,7 @@ template <KeyedElement T>
 ElementArray<T> Kerray<T>::removeAtIndexes(std::vector<Int> indexes) {
   std::ranges::sort(indexes);
   Store removed = array_.removeAtAscending(indexes);
+  keepDuringPasses(removed);
   for (const T& element : removed) dictionary_.remove(ElementTraits<T>::key(element));
   std::ranges::reverse(indexes);
   tell(

@@ -74,6 +74,9 @@ class Owner {
   /// The object, kept alive for as long as the result is; null when it is gone.
   std::shared_ptr<const void> lock() const noexcept { return object_.lock(); }
 
+  /// The weak reference itself.
+  const std::weak_ptr<const void>& reference() const noexcept { return object_; }
+
   /// Whether it was made from an `OwnerToken`.
   bool isToken() const noexcept { return isToken_; }
 

@@ -8,7 +8,6 @@
 #pragma once
 
 #include <memory>
-#include <utility>
 
 #include <Tolvanite/DataStructures/Owner.h>
 
@@ -17,22 +16,20 @@ namespace tolvanite {
 /// Holds its owner weakly. The owner is a sign of life and nothing else: it is never passed on.
 class WeaklyOwnedObject {
  public:
-  explicit WeaklyOwnedObject(Owner owner) : owner_(std::move(owner)) {}
+  explicit WeaklyOwnedObject(const Owner& owner) : owner_(owner.reference()) {}
   WeaklyOwnedObject(const WeaklyOwnedObject&) = delete;
   WeaklyOwnedObject& operator=(const WeaklyOwnedObject&) = delete;
 
   /// The owner; null when it is gone.
   std::shared_ptr<const void> owner() const noexcept { return owner_.lock(); }
   /// Whether the owner still exists.
-  bool isOwnerAlive() const noexcept { return owner_.isAlive(); }
-  /// Whether the owner is an `OwnerToken`, whose end is told.
-  bool isOwnerToken() const noexcept { return owner_.isToken(); }
+  bool isOwnerAlive() const noexcept { return !owner_.expired(); }
 
  protected:
   ~WeaklyOwnedObject() = default;
 
  private:
-  Owner owner_;
+  std::weak_ptr<const void> owner_;
 };
 
 }  // namespace tolvanite

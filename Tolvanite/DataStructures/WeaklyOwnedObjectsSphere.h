@@ -39,7 +39,8 @@ class WeaklyOwnedObjectsSphere {
 
     SharedCount references{1};
     std::vector<std::shared_ptr<T>> observers;
-    // Whether all owners are tokens, and how many tokens had ended when the list was swept last.
+    // Whether all owners are known to be tokens, and how many of those had ended when the list was
+    // swept last.
     bool areTokensOnly = true;
     std::uint64_t sweptAt = OwnerToken::endedCount();
   };
@@ -88,14 +89,14 @@ class WeaklyOwnedObjectsSphere {
     purgeDealloced();
     auto observer = std::make_shared<T>(owner);
     if (configure) configure(*observer);
-    add(observer);
+    add(observer, owner.isToken());
     return observer;
   }
 
   /// Registers an observer that the caller made, behind all others; a null pointer is left out.
   void append(std::shared_ptr<T> observer) {
     purgeDealloced();
-    if (observer) add(std::move(observer));
+    if (observer) add(std::move(observer), false);
   }
 
   Iterator begin() const { return Iterator(list_); }
@@ -104,7 +105,7 @@ class WeaklyOwnedObjectsSphere {
 
   /// Calls `call` with each observer in one pass, as a loop over the sphere does, only quicker.
   template <typename Call>
-  void forEach(const Call& call) const {
+  [[gnu::always_inline]] inline void forEach(const Call& call) const {
     const auto list = list_;  // Outlives the pass, whatever becomes of the sphere meanwhile.
     if (!list) return;
     const detail::PassUnderWay pass;
@@ -120,9 +121,9 @@ class WeaklyOwnedObjectsSphere {
   bool isEmpty() const noexcept { return !list_ || list_->observers.empty(); }
 
  private:
-  void add(std::shared_ptr<T> observer) {
+  void add(std::shared_ptr<T> observer, bool isOwnerToken) {
     List& list = listToChange();
-    list.areTokensOnly = list.areTokensOnly && observer->isOwnerToken();
+    list.areTokensOnly = list.areTokensOnly && isOwnerToken;
     list.observers.push_back(std::move(observer));
   }
 
@@ -135,11 +136,8 @@ class WeaklyOwnedObjectsSphere {
     const auto isAlive = [](const auto& observer) { return observer->isOwnerAlive(); };
     if (std::ranges::all_of(list_->observers, isAlive)) return;
     auto living = ListReference::make();
-    for (const auto& observer : list_->observers) {
-      if (!isAlive(observer)) continue;
-      living->areTokensOnly = living->areTokensOnly && observer->isOwnerToken();
-      living->observers.push_back(observer);
-    }
+    std::ranges::copy_if(list_->observers, std::back_inserter(living->observers), isAlive);
+    living->areTokensOnly = list_->areTokensOnly || living->observers.empty();
     living->sweptAt = endedTokens;
     // What the dead observers' blocks hold is released with the old list, last: its end may run
     // code that registers here again.
