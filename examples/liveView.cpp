@@ -1,5 +1,4 @@
-// A live sorted view: the host changes its tracks, and the table hears what to do, row by row.
-// [readme]
+// A live sorted view: the host changes its tracks, and its table hears what to do, row by row.
 #include <iostream>
 #include <string>
 
@@ -7,34 +6,41 @@
 
 using namespace tolvanite;
 
-struct Track {
-  int key;
-  std::string title;
-  // Of the keys alone: the view finds a track by it again after its title has changed.
-  bool operator==(const Track& other) const { return key == other.key; }
+namespace {
+
+// In place of a widget.
+struct Table {
+  void insertRow(Int row, const std::string& text) const {
+    std::cout << row << ": " << text << '\n';
+  }
+  void setRow(Int row, const std::string& text) const { std::cout << row << " = " << text << '\n'; }
+  void moveRow(Int from, Int to) const { std::cout << from << " -> " << to << '\n'; }
+
+  OwnerToken owner;  // subscriptions end with it
 };
-using TrackView = OptionallyFilteredOptionallySortedArray_BasedOnKerray<Track>;
+
+}  // namespace
 
 int main() {
+  const Table table;
+
+  // [readme]
+  struct Track {
+    int key;
+    std::string title;
+    bool operator==(const Track& other) const { return key == other.key; }
+  };
   const NamedSortBlock<Track> byTitle{"title", [](auto& a, auto& b) { return a.title < b.title; }};
   auto tracks = Kerray<Track>::make();
-  auto view = TrackView::make(tracks, nullptr, byTitle);  // no filter
-  OwnerToken table;                                       // the subscription ends with its owner
-  view->observers.createNew(table, [](TrackView::Observer& on) {
-    on.inserted = [](auto&, Int row, auto& t) {
-      std::cout << "+ " << row << ' ' << t.title << '\n';
-    };
-    on.updated = [](auto&, Int row, auto& t) {
-      std::cout << "= " << row << ' ' << t.title << '\n';
-    };
-    on.moved = [](auto&, Int from, Int to, auto&) { std::cout << from << " -> " << to << '\n'; };
-    on.removed = [](auto&, Int row, auto& t) {
-      std::cout << "- " << row << ' ' << t.title << '\n';
-    };
+  auto view = OptionallyFilteredOptionallySortedArray_BasedOnKerray<Track>::make(
+      tracks, /*filterBlock=*/nullptr, byTitle);
+  view->observers.createNew(table.owner, [&](auto& on) {
+    on.inserted = [&](auto&, Int row, auto& track) { table.insertRow(row, track.title); };
+    on.updated = [&](auto&, Int row, auto& track) { table.setRow(row, track.title); };
+    on.moved = [&](auto&, Int from, Int to, auto&) { table.moveRow(from, to); };
   });
-  tracks->append({1, "Nocturne"});   // + 0 Nocturne
-  tracks->append({2, "Barcarole"});  // + 0 Barcarole
-  tracks->update({2, "Waltz"});      // 0 -> 1 and = 1 Waltz
-  tracks->removeElementWithKey(1);   // - 0 Nocturne
+  tracks->append({1, "Nocturne"});   // table.insertRow(0, "Nocturne")
+  tracks->append({2, "Barcarole"});  // table.insertRow(0, "Barcarole")
+  tracks->update({2, "Waltz"});      // table.moveRow(0, 1), then table.setRow(1, "Waltz")
+  // [/readme]
 }
-// [/readme]

@@ -16,6 +16,7 @@
 
 #include <Tolvanite/DataStructures/EventBlock.h>
 #include <Tolvanite/DataStructures/Owner.h>
+#include <Tolvanite/DataStructures/detail/Passes.h>
 #include <Tolvanite/Frame/Types.h>
 
 namespace tolvanite {
@@ -82,6 +83,7 @@ class FountainList {
       current_ = nullptr;
     }
 
+    PassUnderWay pass_;
     const FountainList* fountain_ = nullptr;
     std::size_t position_ = 0;
     std::shared_ptr<Entry> current_;

@@ -476,9 +476,14 @@ bool Kerray<T>::updateWithKey(const Key& key, Change&& change) {
         },
         index, box->value);
   } else {
-    T element = box->value;
+    const auto before = array_.handleAt(index);
+    const std::uint64_t changesBefore = changes_;
+    T element = *before;
     std::forward<Change>(change)(element);
-    if (!(ElementTraits<T>::key(element) == ElementTraits<T>::key(box->value))) failChangedKey();
+    if (!(ElementTraits<T>::key(element) == ElementTraits<T>::key(*before)) ||
+        changes_ != changesBefore) {
+      failChangedKey();
+    }
     const auto handle = Handle::make(std::move(element));
     const auto old = replaceBox(index, handle);
     tellUpdated(index, handle, old);

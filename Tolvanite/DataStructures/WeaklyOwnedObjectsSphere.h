@@ -76,6 +76,7 @@ class WeaklyOwnedObjectsSphere {
       while (position_ != end_ && !(*position_)->isOwnerAlive()) ++position_;
     }
 
+    detail::PassUnderWay pass_;
     // The list outlives the pass, whatever becomes of the sphere meanwhile.
     ListReference list_;
     const std::shared_ptr<T>* position_ = nullptr;

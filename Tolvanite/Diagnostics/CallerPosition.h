@@ -27,9 +27,11 @@ struct CallerPosition {
 
   /// The path of the file.
   std::string_view file;
+  /// The line in it, from 1 on.
   Int line;
   /// The function as the compiler writes it, with its parameters.
   std::string_view function;
+  /// The column in the line; no line format shows it.
   Int column;
 };
 

@@ -17,6 +17,7 @@
 
 namespace tolvanite {
 
+/// One of the sixteen colours; there are no others.
 class TOLVANITE_EXPORT ConsoleColor {
  public:
   /// What begins a sequence.

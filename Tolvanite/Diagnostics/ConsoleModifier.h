@@ -13,10 +13,13 @@
 
 namespace tolvanite {
 
+/// A set of bold, blinking, inversed and underscored.
 class TOLVANITE_EXPORT ConsoleModifier {
  public:
-  /// The members.
+  /// The sets of one member.
+  /// @{
   static const ConsoleModifier bold, blinking, inversed, underscored;
+  /// @}
 
   /// The empty set.
   constexpr ConsoleModifier() = default;
@@ -37,9 +40,11 @@ class TOLVANITE_EXPORT ConsoleModifier {
   /// The names of the members in that order: "[bold, underscored]".
   std::string description() const;
 
+  /// The members of either set.
   friend constexpr ConsoleModifier operator|(ConsoleModifier a, ConsoleModifier b) {
     return ConsoleModifier(a.rawValue_ | b.rawValue_);
   }
+  /// The members of both sets.
   friend constexpr ConsoleModifier operator&(ConsoleModifier a, ConsoleModifier b) {
     return ConsoleModifier(a.rawValue_ & b.rawValue_);
   }

@@ -116,7 +116,9 @@ FileLocation testBundleResources(const StandardPlaces& places) {
   const Texts identifiers = places.bundleIdentifiers();
   for (const std::string& identifier : identifiers) {
     if (identifier.find("UnitTests") == std::string::npos) continue;
-    return bundleResources(places, identifier);
+    const auto bundle = places.bundle(identifier);
+    return resources(bundle ? bundle->resources : std::nullopt,
+                     fmt::format("The test bundle \"{}\" has no resources", identifier));
   }
   fatalFailure("Cannot find testBundle! " + textForm(identifiers));
 }

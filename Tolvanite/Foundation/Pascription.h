@@ -54,6 +54,7 @@ class TOLVANITE_EXPORT Pascription {
   /// The root of a path.
   class TOLVANITE_EXPORT Base {
    public:
+    /// All roots there are. Their texts stand at the top of this file.
     enum class Case {
       appGroup,
       bundle,
@@ -70,6 +71,8 @@ class TOLVANITE_EXPORT Pascription {
       mainBundle_Resources,
       privateDocuments,
     };
+    /// The cases without an identifier, so that `Base::home` can be written.
+    /// @{
     static constexpr Case home = Case::home;
     static constexpr Case desktop = Case::desktop;
     static constexpr Case documents = Case::documents;
@@ -83,14 +86,17 @@ class TOLVANITE_EXPORT Pascription {
     static constexpr Case testBundle_Resources = Case::testBundle_Resources;
     static constexpr Case mainBundle_Resources = Case::mainBundle_Resources;
     static constexpr Case privateDocuments = Case::privateDocuments;
+    /// @}
 
-    /// The container of an application group; the resources of a bundle.
+    /// The container of an application group.
     static Base appGroup(std::string identifier) { return {Case::appGroup, std::move(identifier)}; }
+    /// The resources of a bundle.
     static Base bundle(std::string identifier) { return {Case::bundle, std::move(identifier)}; }
 
     /// A root without an identifier; fatal for the two cases that have one.
     Base(Case rootCase);
 
+    /// Which root it is.
     Case rootCase() const noexcept { return case_; }
     /// The identifier of a group or bundle; empty for the other cases.
     const std::string& identifier() const noexcept { return identifier_; }
@@ -112,14 +118,17 @@ class TOLVANITE_EXPORT Pascription {
 
   /// A root and the components below it, of which the empty ones are left out. A "/" inside of a
   /// component stays in it.
+  /// @{
   template <detail::PathText... Texts>
   explicit Pascription(Base base, const Texts&... texts)
       : Pascription(std::move(base), std::vector<std::string>{text(texts)...}) {}
   Pascription(Base base, std::vector<std::string> texts);
+  /// @}
 
   /// Reads the text form. Each text is split at every "/", empty pieces are dropped, and the first
   /// piece that is left is the root. Fatal if none is left, or with "Unkonw RootDirDescription: "
   /// and the first piece if that is no root.
+  /// @{
   template <detail::PathText... Texts>
     requires(sizeof...(Texts) > 0)
   explicit Pascription(const Texts&... texts)
@@ -127,6 +136,7 @@ class TOLVANITE_EXPORT Pascription {
   template <detail::RangeOfPathTexts Range>
   explicit Pascription(const Range& texts) : Pascription(textsOf(texts)) {}
   explicit Pascription(const std::vector<std::string>& texts);
+  /// @}
 
   /// Reads the text form as the constructor does, but is absent where that is fatal.
   static Optional<Pascription> tryParse(std::string_view text);
@@ -140,6 +150,7 @@ class TOLVANITE_EXPORT Pascription {
   /// The root of this description is deliberately not carried over: the first component is read
   /// as the root. So this is for descriptions whose first component is a root's text itself;
   /// "$HOME$/a" with "b" appended stops at the unknown root "a".
+  /// @{
   template <detail::PathText... Texts>
   [[nodiscard]] Pascription pascriptionByAppending(const Texts&... texts) const {
     return appending({text(texts)...});
@@ -148,6 +159,7 @@ class TOLVANITE_EXPORT Pascription {
   [[nodiscard]] Pascription pascriptionByAppending(const Range& texts) const {
     return appending(textsOf(texts));
   }
+  /// @}
 
   /// The same as `pascriptionByAppending`.
   template <typename... Texts>
@@ -155,6 +167,7 @@ class TOLVANITE_EXPORT Pascription {
     return pascriptionByAppending(texts...);
   }
 
+  /// The root.
   const Base& base() const noexcept { return base_; }
 
   /// The file location as the system's places are now. Fatal if the root can't be found. With

@@ -31,8 +31,11 @@ namespace tolvanite {
 class TOLVANITE_EXPORT ByteBuffer {
  public:
   using value_type = std::byte;
+  /// Iterators over std::byte.
+  /// @{
   using iterator = std::vector<std::byte>::iterator;
   using const_iterator = std::vector<std::byte>::const_iterator;
+  /// @}
 
   /// Without bytes.
   ByteBuffer() = default;

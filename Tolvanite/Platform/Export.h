@@ -1,5 +1,5 @@
 // Marks what the shared library offers; everything else in it stays hidden.
 #pragma once
 
-/// Marks what the shared library offers; everything else in it is hidden.
+/// Stands before each exported class and function.
 #define TOLVANITE_EXPORT __attribute__((visibility("default")))

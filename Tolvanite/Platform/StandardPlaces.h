@@ -35,7 +35,9 @@ class TOLVANITE_EXPORT StandardPlaces {
  public:
   /// A program or a library with its folder of resources, which may be absent.
   struct Bundle {
+    /// Its name in the system, as "org.example.editor".
     std::string identifier;
+    /// The folder of its resources.
     std::optional<std::filesystem::path> resources;
 
     friend bool operator==(const Bundle&, const Bundle&) = default;
@@ -48,12 +50,16 @@ class TOLVANITE_EXPORT StandardPlaces {
 
   /// The home of the process, which a sandbox may have moved.
   virtual std::filesystem::path homeDirectory() const = 0;
+  /// The folder for files that need not last.
   virtual std::filesystem::path temporaryDirectory() const = 0;
   /// The user's first folder for this code; absent if the system has none.
   virtual std::optional<std::filesystem::path> standardDirectory(StandardDirectory code) const = 0;
 
+  /// The identifier and the resources of this program; absent if it has none.
+  /// @{
   virtual std::optional<std::string> mainBundleIdentifier() const = 0;
   virtual std::optional<std::filesystem::path> mainBundleResources() const = 0;
+  /// @}
   /// Absent if no such bundle is known.
   virtual std::optional<Bundle> bundle(std::string_view identifier) const = 0;
   /// The identifiers of all known bundles; that of the main one first.

@@ -22,6 +22,7 @@
 #include <ranges>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -34,10 +35,11 @@ namespace tolvanite {
 
 namespace detail {
 
-// A range that stands for the values of a row, rather than being one value itself.
+// A range that stands for the values of a row, rather than being one value itself, as a path is.
 template <typename T>
-concept RowOfValues = std::ranges::input_range<const T> && !TextLike<T> && !Describes<T> &&
-                      HasTextForm<std::ranges::range_value_t<const T>>;
+concept RowOfValues =
+    std::ranges::input_range<const T> && !TextLike<T> && !Describes<T> &&
+    (std::is_array_v<T> || !Streams<T>) && HasTextForm<std::ranges::range_value_t<const T>>;
 
 }  // namespace detail
 
@@ -46,9 +48,11 @@ class TOLVANITE_EXPORT TextTable {
   /// A column with its own cells.
   class TOLVANITE_EXPORT Column {
    public:
+    /// Where values stand in their cells.
     enum class Alignment { left, center, right };
     using enum Alignment;
 
+    /// A column without values.
     explicit Column(std::string heading, Alignment alignment = left)
         : header(std::move(heading)), align(alignment) {}
 
@@ -57,6 +61,7 @@ class TOLVANITE_EXPORT TextTable {
 
     friend bool operator==(const Column&, const Column&) = default;
 
+    /// The column's heading.
     std::string header;
     /// Where the values stand in their cells. The header always stands left.
     Alignment align;
@@ -65,15 +70,19 @@ class TOLVANITE_EXPORT TextTable {
   };
 
   /// A table of these columns, with an optional title.
+  /// @{
   explicit TextTable(std::vector<Column> ownColumns, Optional<std::string> title = {})
       : columns(std::move(ownColumns)), header(std::move(title)) {}
   explicit TextTable(std::initializer_list<Column> ownColumns, Optional<std::string> title = {})
       : columns(ownColumns), header(std::move(title)) {}
+  /// @}
 
   /// A table with a left-aligned column for each of these headers, and an optional title.
+  /// @{
   explicit TextTable(const std::vector<std::string>& headers, Optional<std::string> title = {});
   explicit TextTable(std::initializer_list<std::string_view> headers,
                      Optional<std::string> title = {});
+  /// @}
 
   /// Adds a row of the values' text forms. Missing values are empty texts, and values beyond the
   /// number of columns are dropped.
@@ -82,7 +91,8 @@ class TOLVANITE_EXPORT TextTable {
     appendRow({textForm(values)...});
   }
 
-  /// Adds a row of the values of a range.
+  /// Adds a row of the text forms of a range's elements, in the same way.
+  /// @{
   template <detail::RowOfValues Range>
   void addRow(const Range& values) {
     std::vector<std::string> texts;
@@ -92,9 +102,14 @@ class TOLVANITE_EXPORT TextTable {
     }
     appendRow(std::move(texts));
   }
+  template <HasTextForm Value>
+  void addRow(std::initializer_list<Value> values) {
+    addRow<std::initializer_list<Value>>(values);
+  }
   void addRow(std::initializer_list<std::string_view> values) {
     appendRow({values.begin(), values.end()});
   }
+  /// @}
 
   /// Empties the columns.
   void removeAllRows();
@@ -110,6 +125,7 @@ class TOLVANITE_EXPORT TextTable {
 
   friend bool operator==(const TextTable&, const TextTable&) = default;
 
+  /// The columns with their cells.
   std::vector<Column> columns;
   /// Stands between the cells of a row, and at both of its ends.
   std::string columnFence = "|";

@@ -2,11 +2,13 @@
 // change of the model after the other. After each, the table has to equal the view.
 #pragma once
 
-#include "FolderScan.h"
+#include <vector>
+
+#include "FileRecord.h"
 
 namespace demo {
 
 /// Runs all phases and prints what they do. Whether every check was passed.
-bool runDemo(FolderScan scan);
+bool runDemo(std::vector<FileRecord> files);
 
 }  // namespace demo

@@ -12,10 +12,8 @@ namespace demo {
 
 struct FolderScan {
   std::vector<FileRecord> files;
-  Int bytes = 0;
   Int folders = 0;
   Int unreadable = 0;  // folders that could not be read to their end, files that were gone
-  Int left = 0;        // links, which are not followed, sockets and devices
 };
 
 /// Calls `progress` after each folder with what is there so far. Throws a tolvanite::Error if

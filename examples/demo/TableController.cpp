@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -12,12 +11,9 @@ namespace demo {
 
 using tolvanite::ElementArray;
 
-static TableController::Row rowOf(const FileRecord& file) {
-  return std::make_unique<FileRecord>(file);
-}
-
 TableController::TableController(FileView& view) {
   reload(view);
+  counts_ = {};
   view.observers.createNew(owner_, [this](FileView::Observer& observer) { subscribe(observer); });
 }
 
@@ -27,12 +23,9 @@ void TableController::subscribe(FileView::Observer& observer) {
   observer.sortingChanged = [this](FileView& view, const auto&) { reload(view); };
   observer.filterChanged = [this](FileView& view) { reload(view); };
   observer.replacedContent = [this](FileView& view) { reload(view); };
-  observer.removedAll = [this](FileView&) {
-    counts_.removed += std::ssize(rows_);
-    rows_.clear();
-  };
+  observer.removedAll = [this](FileView& view) { reload(view); };
   observer.inserted = [this](FileView&, Int index, const FileRecord& file) {
-    rows_.insert(rows_.begin() + index, rowOf(file));
+    rows_.insert(rows_.begin() + index, file);
     ++counts_.inserted;
   };
   observer.insertedMultipleDistributed = [this](FileView&, const std::vector<Int>& indexes,
@@ -50,7 +43,7 @@ void TableController::subscribe(FileView::Observer& observer) {
     counts_.removed += std::ssize(indexes);
   };
   observer.updated = [this](FileView&, Int index, const FileRecord& file) {
-    *rows_.at(static_cast<std::size_t>(index)) = file;
+    rows_.at(static_cast<std::size_t>(index)) = file;
     ++counts_.updated;
   };
   // The row with its old content: `updated` follows with the new one.
@@ -62,31 +55,23 @@ void TableController::subscribe(FileView::Observer& observer) {
 
 void TableController::reload(const FileView& view) {
   rows_.clear();
-  rows_.reserve(static_cast<std::size_t>(view.count()));
-  for (const FileRecord& file : view) rows_.push_back(rowOf(file));
+  for (const FileRecord& file : view) rows_.push_back(file);
   ++counts_.reloads;
 }
 
-// The indexes hold one after the other. While they ascend, each is also the row's last place, and
-// one pass over the rows does what would be a shift for each.
+// The indexes hold one after the other. What stands before an index is in `merged` by then; while
+// the indexes ascend, that makes one pass over the rows.
 void TableController::insert(const std::vector<Int>& indexes,
-                             const ElementArray<FileRecord>& elements) {
-  if (std::ranges::adjacent_find(indexes, std::ranges::greater_equal()) != indexes.end()) {
-    for (Int i = 0; i < elements.count(); ++i) {
-      rows_.insert(rows_.begin() + indexes[static_cast<std::size_t>(i)], rowOf(elements[i]));
-    }
-    return;
-  }
-  std::vector<Row> merged;
+                             const ElementArray<FileRecord>& files) {
+  std::vector<FileRecord> merged;
   merged.reserve(rows_.size() + indexes.size());
-  auto row = rows_.begin();
-  for (Int i = 0; i < elements.count(); ++i) {
-    const auto before = indexes[static_cast<std::size_t>(i)] - std::ssize(merged);
-    std::move(row, row + before, std::back_inserter(merged));
-    row += before;
-    merged.push_back(rowOf(elements[i]));
+  auto next = rows_.begin();
+  for (Int i = 0; i < files.count(); ++i) {
+    const Int index = indexes[static_cast<std::size_t>(i)];
+    while (std::ssize(merged) < index) merged.push_back(std::move(*next++));
+    merged.insert(merged.begin() + index, files[i]);
   }
-  std::move(row, rows_.end(), std::back_inserter(merged));
+  std::move(next, rows_.end(), std::back_inserter(merged));
   rows_ = std::move(merged);
 }
 

@@ -2,7 +2,6 @@
 // row by row. With a toolkit, each block would also tell the widget which rows to touch.
 #pragma once
 
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -21,30 +20,25 @@ struct EventCounts {
   Int updated = 0;
   Int moved = 0;
   Int reloads = 0;  // whole contents
-
-  bool operator==(const EventCounts&) const = default;
 };
 
 class TableController {
  public:
-  /// Held by a pointer, so that a row is shifted at the same cost whatever it holds.
-  using Row = std::unique_ptr<FileRecord>;
-
   explicit TableController(FileView& view);
   // The blocks refer to this very object.
   TableController(const TableController&) = delete;
   TableController& operator=(const TableController&) = delete;
 
-  const std::vector<Row>& rows() const { return rows_; }
+  const std::vector<FileRecord>& rows() const { return rows_; }
   /// What was told since the last call.
   EventCounts takeCounts() { return std::exchange(counts_, {}); }
 
  private:
   void subscribe(FileView::Observer& observer);
   void reload(const FileView& view);
-  void insert(const std::vector<Int>& indexes, const tolvanite::ElementArray<FileRecord>& elements);
+  void insert(const std::vector<Int>& indexes, const tolvanite::ElementArray<FileRecord>& files);
 
-  std::vector<Row> rows_;
+  std::vector<FileRecord> rows_;
   EventCounts counts_;
   tolvanite::OwnerToken owner_;  // the last member: no block is called when the others are gone
 };

@@ -2,11 +2,11 @@
 #pragma once
 
 #include <algorithm>
-#include <compare>
 #include <memory>
 #include <ostream>
 #include <random>
 #include <ranges>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -44,38 +44,42 @@ using SharedItem = std::shared_ptr<Item>;
 
 template <typename T>
 T makeElement(Int key, Int rank = 0, Int group = 0) {
-  if constexpr (std::is_same_v<T, SharedItem>) {
+  if constexpr (std::is_same_v<T, SharedItem>)
     return std::make_shared<Item>(Item{key, rank, group});
-  } else if constexpr (std::is_same_v<T, StrictItem>) {
-    return StrictItem{{key, rank, group}};
-  } else {
-    return T{key, rank, group};
-  }
+  if constexpr (std::is_same_v<T, StrictItem>) return {{key, rank, group}};
+  if constexpr (std::is_same_v<T, Item>) return {key, rank, group};
 }
 inline const Item& itemOf(const Item& item) { return item; }
 inline const Item& itemOf(const SharedItem& item) { return *item; }
 
+using Indexes = std::vector<Int>;
+using Texts = std::vector<std::string>;
 template <typename Elements>
-std::vector<std::string> textsOf(const Elements& elements) {
-  std::vector<std::string> texts;
+Texts textsOf(const Elements& elements) {
+  Texts texts;
   for (const auto& element : elements) texts.push_back(textForm(element));
   return texts;
 }
-using Texts = std::vector<std::string>;
 
-/// An event with all its arguments; elements by their content at that time.
-struct Change {
+/// An event with all its arguments.
+template <typename Element>
+struct ChangeOf {
   std::string event;
-  std::vector<Int> indexes = {};
-  Texts elements = {};
+  Indexes indexes = {};
+  std::vector<Element> elements = {};
   Int to = -1;
-  bool operator==(const Change&) const = default;
-  friend std::ostream& operator<<(std::ostream& out, const Change& change) {
-    return out << change.event << ' ' << textForm(change.indexes) << ' '
-               << textForm(change.elements) << " to " << change.to;
-  }
+  bool operator==(const ChangeOf&) const = default;
 };
+/// Elements by their content at that time.
+using Change = ChangeOf<std::string>;
 using Changes = std::vector<Change>;
+inline std::ostream& operator<<(std::ostream& out, const Change& change) {
+  out << change.event;
+  if (!change.indexes.empty()) out << textForm(change.indexes);
+  if (change.to >= 0) out << '>' << change.to;
+  for (const auto& element : change.elements) out << ' ' << element;
+  return out;
+}
 
 /// What `changed` does to a copy of the content; `now` is the content that wholesale events mean.
 template <typename Now>
@@ -106,7 +110,6 @@ void replay(const Change& change, Texts& copy, const Now& now) {
 /// Sets all blocks that `observer` has to hand their arguments to `hear(change)`.
 template <typename Observer>
 void hearAll(Observer& observer, Block<void(const Change&)> hear) {
-  using Indexes = std::vector<Int>;
   const auto one = [hear](std::string event) {
     return
         [=](auto&, Int index, const auto& element) { hear({event, {index}, {textForm(element)}}); };
@@ -146,15 +149,19 @@ void hearAll(Observer& observer, Block<void(const Change&)> hear) {
 
 /// Subscribes to everything and keeps it.
 struct Listener {
-  template <typename Observed>
-  explicit Listener(Observed& observed) {
+  explicit Listener(auto& observed) {
     observed.observers.createNew(owner, [this](auto& observer) {
       hearAll(observer, [this](const Change& change) { changes.push_back(change); });
     });
   }
   Listener(const Listener&) = delete;
-  /// What was heard since the last call.
-  Changes heard() { return std::exchange(changes, {}); }
+  /// What was heard since the last call, as "inserted[0] 1/0/0; moved[0]>1 1/0/0".
+  std::string heard() {
+    std::ostringstream text;
+    for (const Change& change : changes) text << (text.tellp() > 0 ? "; " : "") << change;
+    changes.clear();
+    return text.str();
+  }
 
   Changes changes;
   OwnerToken owner;

@@ -1,242 +1,15 @@
-// The keyed array and the views on it once more, written for obviousness: plain arrays, linear
-// scans, one step after the other. Whatever ends the process there throws `Fatal` here.
+// The keyed array once more, written for obviousness, and a runner that puts it and the views on it
+// beside the real ones. Whatever ends the process there throws `Fatal` here.
 #pragma once
 
-#include <functional>
 #include <map>
-#include <optional>
+#include <tuple>
 
-#include <Tolvanite/Frame/detail/StableSort.h>
+#include <gtest/gtest.h>
 
-#include "tests/DataStructures/Items.h"
+#include "tests/DataStructures/LiveViewModel.h"
 
 namespace tolvanite::testing {
-
-struct Fatal {};
-
-inline void require(bool condition) {
-  if (!condition) throw Fatal();
-}
-
-template <typename T>
-struct ViewModel {
-  using Filter = Block<bool(const T&)>;
-  using Array = std::vector<T>;
-
-  Filter filterAtCreation;
-  Filter filter = filterAtCreation;
-  std::optional<NamedSortBlock<T>> sort;
-  std::optional<Array> array;
-  Changes changes;
-
-  void rebuild(const Array& base) {
-    array.reset();
-    if (!filter && !sort) return;
-    array.emplace();
-    for (const T& element : base) {
-      if (!filter || filter(element)) array->push_back(element);
-    }
-    if (sort) sortBy(*array);
-  }
-  void setSortBlock(const Array& base, std::optional<NamedSortBlock<T>> newSort) {
-    const bool isSame = newSort == sort;
-    sort = newSort;
-    if (isSame) return;
-    rebuild(base);
-    tell("sortingChanged", {}, Texts{sort ? sort->code : "none"});
-  }
-  void setFilterBlock(const Array& base, Filter newFilter) {
-    const bool areAbsent = !newFilter && !filter;
-    filter = newFilter;
-    if (areAbsent) return;
-    rebuild(base);
-    tell("filterChanged");
-  }
-
-  const Array& shown(const Array& base) const { return array ? *array : base; }
-  Int find(const T& element) const {
-    const auto found = std::ranges::find_if(
-        *array, [&](const T& other) { return ElementTraits<T>::equal(other, element); });
-    return found == array->end() ? -1 : found - array->begin();
-  }
-  Int mustFind(const T& element) const {
-    require(find(element) >= 0);
-    return find(element);
-  }
-  bool passes(const T& element) const { return !filter || filter(element); }
-
-  void sortBy(Array& elements) const {
-    // A reversed block is no strict order, and which of two ties comes first is up to the sort.
-    if (sort->reverse) {
-      detail::stableSort(elements, sort->sortBlock);
-    } else {
-      std::ranges::stable_sort(elements, sort->sortBlock);
-    }
-  }
-  Int insertionIndex(const T& element) const {
-    if (array->empty()) return 0;
-    std::size_t low = 0;
-    std::size_t high = array->size() - 1;
-    while (low < high) {
-      const std::size_t mid = low + (high - low) / 2;
-      if (sort->sortBlock((*array)[mid], element)) {
-        low = mid + 1;
-      } else {
-        high = mid;
-      }
-    }
-    return static_cast<Int>(sort->sortBlock((*array)[low], element) ? array->size() : low);
-  }
-  bool canStay(const T& element, Int index) const {
-    const auto mayFollow = [&](const T& left, const T& right) {
-      return sort->sortBlock(left, right) || !sort->sortBlock(right, left);
-    };
-    const auto i = static_cast<std::size_t>(index);
-    return (i == 0 || mayFollow((*array)[i - 1], element)) &&
-           (i + 1 == array->size() || mayFollow(element, (*array)[i + 1]));
-  }
-
-  void tell(std::string event, std::vector<Int> indexes = {}, const Texts& elements = {},
-            Int to = -1) {
-    changes.push_back({std::move(event), std::move(indexes), elements, to});
-  }
-  void tell(std::string event, std::vector<Int> indexes, const Array& elements, Int to = -1) {
-    tell(std::move(event), std::move(indexes), textsOf(elements), to);
-  }
-  void hear(const Array& base, const std::string& event, const std::vector<Int>& indexes,
-            const Array& elements, Int to) {
-    if (event == "replacedContent") {
-      if (sort || filter) rebuild(base);
-      tell(event);
-    } else if (event == "removedAll") {
-      array.emplace();
-      tell(event);
-    } else if (event == "inserted") {
-      hearInserted(base, indexes, elements);
-    } else if (event.starts_with("insertedMultiple")) {
-      hearInsertedMultiple(base, event, indexes, elements);
-    } else if (event == "removed") {
-      if (!array) return tell(event, indexes, elements);
-      if (!passes(elements[0])) return;
-      const Int place = mustFind(elements[0]);
-      array->erase(array->begin() + place);
-      tell(event, {place}, elements);
-    } else if (event == "removedMultiple") {
-      hearRemovedMultiple(indexes, elements);
-    } else if (event == "updated") {
-      hearUpdated(base, indexes, elements);
-    } else if (event == "moved") {
-      if (!sort) tell(event, indexes, elements, to);
-    } else {
-      require(event == "movedMultiple" && !sort && !filter && !array);
-      tell(event, indexes, elements, to);
-    }
-  }
-
-  void hearInserted(const Array& base, const std::vector<Int>& indexes, const Array& elements) {
-    const T& element = elements[0];
-    if (filterAtCreation && !filterAtCreation(element)) return;
-    if (!filterAtCreation && !sort) return tell("inserted", indexes, elements);
-    Int place = -1;
-    if (sort) {
-      place = insertionIndex(element);
-      array->insert(array->begin() + place, element);
-    } else {
-      array.emplace();
-      for (const T& other : base) {
-        if (!filterAtCreation(other)) continue;
-        if (ElementTraits<T>::key(other) == ElementTraits<T>::key(element)) {
-          place = static_cast<Int>(array->size());
-        }
-        array->push_back(other);
-      }
-      require(place >= 0);  // else the element has gone again, and its place is anyone's
-    }
-    tell("inserted", {place}, elements);
-  }
-
-  void hearInsertedMultiple(const Array& base, const std::string& event,
-                            const std::vector<Int>& indexes, const Array& elements) {
-    Array passing = elements;
-    if (filterAtCreation) {
-      std::erase_if(passing, std::not_fn(filterAtCreation));
-      if (passing.size() == elements.size()) return;
-    }
-    if (sort) {
-      sortBy(passing);
-      std::vector<Int> places;
-      for (const T& element : passing) {
-        places.push_back(insertionIndex(element));
-        array->insert(array->begin() + places.back(), element);
-      }
-      return tell("insertedMultipleDistributed", places, passing);
-    }
-    if (!filterAtCreation) return tell(event, indexes, elements);
-    std::vector<Int> places(passing.size(), 0);
-    array.emplace();
-    for (const T& other : base) {
-      if (!filterAtCreation(other)) continue;
-      const auto found = std::ranges::find_if(
-          passing, [&](const T& element) { return ElementTraits<T>::equal(element, other); });
-      if (found != passing.end()) {
-        places[static_cast<std::size_t>(found - passing.begin())] = static_cast<Int>(array->size());
-      }
-      array->push_back(other);
-    }
-    tell("insertedMultipleDistributed", places, passing);
-  }
-
-  void hearRemovedMultiple(const std::vector<Int>& indexes, const Array& elements) {
-    if (!array) return tell("removedMultiple", indexes, elements);
-    Array kept;
-    std::vector<Int> places;
-    for (const T& element : elements) {
-      if (!passes(element)) continue;
-      kept.push_back(element);
-      places.push_back(mustFind(element));
-    }
-    if (kept.empty()) return;
-    auto descending = places;
-    std::ranges::sort(descending, std::ranges::greater());
-    for (const Int place : descending) {
-      require(place < static_cast<Int>(array->size()));
-      array->erase(array->begin() + place);
-    }
-    tell("removedMultiple", places, kept);
-  }
-
-  void hearUpdated(const Array& base, const std::vector<Int>& indexes, const Array& elements) {
-    if (!array) return tell("updated", indexes, elements);
-    const T& element = elements[0];
-    if (filter) {
-      const Int place = find(element);
-      if (filter(element) && place < 0) {
-        require(indexes[0] <= static_cast<Int>(base.size()));
-        Int neighbour = indexes[0] - 1;
-        while (neighbour >= 0 && !filter(base[static_cast<std::size_t>(neighbour)])) --neighbour;
-        const Int to = neighbour < 0 ? 0 : mustFind(base[static_cast<std::size_t>(neighbour)]) + 1;
-        array->insert(array->begin() + to, element);
-        return tell("inserted", {to}, elements);
-      }
-      if (!filter(element)) {
-        if (place < 0) return;
-        array->erase(array->begin() + place);
-        return tell("removed", {place}, elements);
-      }
-    }
-    if (!sort) return tell("updated", indexes, elements);
-    const Int place = mustFind(element);
-    if (canStay(element, place)) {
-      (*array)[static_cast<std::size_t>(place)] = element;
-      return tell("updated", {place}, elements);
-    }
-    array->erase(array->begin() + place);
-    const Int to = insertionIndex(element);
-    array->insert(array->begin() + to, element);
-    tell("moved", {place}, elements, to);
-    tell("updated", {to}, elements);
-  }
-};
 
 template <typename T>
 std::string randomStep(auto& kerray, Random random);
@@ -244,7 +17,6 @@ std::string randomStep(auto& kerray, Random random);
 template <typename T>
 struct KerrayModel {
   using Array = std::vector<T>;
-  using Indexes = std::vector<Int>;
 
   Array content;
   std::map<Int, T> dictionary;
@@ -256,7 +28,7 @@ struct KerrayModel {
 
   const Array& array() const { return content; }
   Int count() const { return static_cast<Int>(content.size()); }
-  static Int keyOf(const T& element) { return ElementTraits<T>::key(element); }
+  static Int keyOf(const T& element) { return itemOf(element).key; }
   Int indexOf(const T& element) const {
     for (Int i = 0; i < count(); ++i) {
       if (keyOf(at(i)) == keyOf(element)) return i;
@@ -269,12 +41,12 @@ struct KerrayModel {
     return content[static_cast<std::size_t>(index)];
   }
 
-  void tell(const std::string& event, const Indexes& indexes = {}, const Array& elements = {},
-            Int to = -1) {
-    first.push_back({event, indexes, textsOf(elements), to});
+  void tell(const ChangeOf<T>& event) {
+    const Change change{event.event, event.indexes, textsOf(event.elements), event.to};
+    first.push_back(change);
     runOne(nestedBefore);
-    for (auto& view : views) view.hear(content, event, indexes, elements, to);
-    last.push_back({event, indexes, textsOf(elements), to});
+    for (auto& view : views) view.hear(content, event);
+    last.push_back(change);
     runOne(nestedAfter);
   }
   void runOne(std::vector<Random>& nested) {
@@ -300,47 +72,37 @@ struct KerrayModel {
     if (contains(element)) throw KerrayErrur::elementAlreadyPresent(textForm(element));
     insertWithoutContainsCheck(element, index);
   }
-  void appendWithoutContainsCheck(const T& element) {
-    insertWithoutContainsCheck(element, count());
-  }
+  void appendWithoutContainsCheck(const T& e) { insertWithoutContainsCheck(e, count()); }
   void insertWithoutContainsCheck(const T& element, Int index) {
     place(element, index);
-    tell("inserted", {index}, {element});
+    tell({"inserted", {index}, {element}});
   }
   void appendMultiple(const Array& elements) { insertMultiple(elements, count(), true); }
   void insertMultiple(const Array& elements, Int index, bool test) {
-    const auto [fresh, present] = split(elements, test);
-    if (!fresh.empty()) {
-      require(index >= 0 && index <= count());
-      content.insert(content.begin() + index, fresh.begin(), fresh.end());
-      for (const T& element : fresh) dictionary[keyOf(element)] = element;
-      tell("insertedMultipleContinuous", {index}, fresh);
-    }
-    reportPresent(present);
+    insertEach(elements, Indexes(elements.size(), index), test, true);
   }
   void insertMultipleDistributed(const Array& elements, const Indexes& indexes, bool test) {
-    if (elements.size() != indexes.size()) return;
-    Indexes keptIndexes;
-    for (std::size_t i = 0; i < indexes.size(); ++i) {
-      if (!test || !contains(elements[i])) keptIndexes.push_back(indexes[i]);
-    }
-    const auto [fresh, present] = split(elements, test);
-    for (std::size_t i = 0; i < fresh.size(); ++i) place(fresh[i], keptIndexes[i]);
-    if (!fresh.empty()) tell("insertedMultipleDistributed", keptIndexes, fresh);
-    reportPresent(present);
+    if (elements.size() == indexes.size()) insertEach(elements, indexes, test, false);
   }
-  std::pair<Array, Array> split(const Array& elements, bool test) const {
-    std::pair<Array, Array> result;
-    for (const T& element : elements) {
-      (test && contains(element) ? result.second : result.first).push_back(element);
+  void insertEach(const Array& elements, const Indexes& indexes, bool test, bool isContinuous) {
+    ChangeOf<T> event{isContinuous ? "insertedMultipleContinuous" : "insertedMultipleDistributed"};
+    std::string present;
+    Int presentCount = 0;
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      if (test && contains(elements[i])) {
+        present += (presentCount++ == 0 ? "" : ",") + textForm(elements[i]);
+      } else {
+        const auto before = static_cast<Int>(event.elements.size());
+        event.indexes.push_back(indexes[i] + (isContinuous ? before : 0));
+        event.elements.push_back(elements[i]);
+      }
     }
-    return result;
-  }
-  static void reportPresent(const Array& present) {
-    if (present.empty()) return;
-    std::string texts;
-    for (const T& element : present) texts += (texts.empty() ? "" : ",") + textForm(element);
-    throw KerrayErrur::elementsAlreadyPresent(static_cast<Int>(present.size()), texts);
+    for (std::size_t i = 0; i < event.elements.size(); ++i) {
+      place(event.elements[i], event.indexes[i]);
+    }
+    if (isContinuous) event.indexes.resize(std::min<std::size_t>(1, event.indexes.size()));
+    if (!event.elements.empty()) tell(event);
+    if (presentCount > 0) throw KerrayErrur::elementsAlreadyPresent(presentCount, present);
   }
 
   std::optional<T> update(const T& element) {
@@ -350,7 +112,7 @@ struct KerrayModel {
   }
   T update(const T& element, Int index) {
     store(element, index);
-    tell("updated", {index}, {element});
+    tell({"updated", {index}, {element}});
     return element;
   }
   void store(const T& element, Int index) {
@@ -368,7 +130,7 @@ struct KerrayModel {
       indexes.push_back(index);
       updated.push_back(element);
     }
-    tell("updatedMultiple", indexes, updated);
+    tell({"updatedMultiple", indexes, updated});
     return updated;
   }
   bool updateWithKey(Int key, const auto& change) {
@@ -386,7 +148,7 @@ struct KerrayModel {
     const T element = takeOut(from);
     require(to >= 0 && to <= count());
     content.insert(content.begin() + to, element);
-    tell("moved", {from}, {element}, to);
+    tell({"moved", {from}, {element}, to});
   }
   void move(const Indexes& from, Int to) {
     require(to <= count() &&
@@ -395,25 +157,25 @@ struct KerrayModel {
     for (const Int index : from | std::views::reverse) moved.push_back(takeOut(index));
     require(to >= 0 && to <= count());
     for (const T& element : moved) content.insert(content.begin() + to, element);
-    tell("movedMultiple", from, moved, to);
+    tell({"movedMultiple", from, moved, to});
   }
 
   void replaceContent(const Array& elements) {
     content = elements;
     dictionary.clear();
     for (const T& element : content) dictionary[keyOf(element)] = element;
-    tell("replacedContent");
+    tell({"replacedContent"});
   }
   void removeAll() {
     content.clear();
     dictionary.clear();
-    tell("removedAll");
+    tell({"removedAll"});
   }
   std::optional<T> removeAtIndex(Int index) {
     if (index >= count()) return {};
     const T element = takeOut(index);
     dictionary.erase(keyOf(element));
-    tell("removed", {index}, {element});
+    tell({"removed", {index}, {element}});
     return element;
   }
   std::optional<T> remove(const T& element) {
@@ -439,7 +201,7 @@ struct KerrayModel {
     Array removed;
     for (const Int index : indexes) removed.push_back(takeOut(index));
     for (const T& element : removed) dictionary.erase(keyOf(element));
-    tell("removedMultiple", indexes, removed);
+    tell({"removedMultiple", indexes, removed});
     return removed;
   }
 };
@@ -451,12 +213,11 @@ std::string randomStep(auto& kerray, Random random) {
   const Int n = kerray.count();
   const bool isTrusting = draw(random, 40) == 0;  // now and then the caller breaks the trust
   const bool isFar = draw(random, 4) == 0;
-  const Int keys = 3 * n / 2 + 20;
   const auto index = [&] { return draw(random, n); };
   const auto element = [&](bool isPresent) {
     const Int key = isPresent && n > 0
-                        ? ElementTraits<T>::key(kerray.array()[static_cast<std::size_t>(index())])
-                        : draw(random, keys);
+                        ? itemOf(kerray.array()[static_cast<std::size_t>(index())]).key
+                        : draw(random, 3 * n / 2 + 20);
     return makeElement<T>(key, draw(random, 9), draw(random, 4));
   };
   const auto elements = [&](bool arePresent) {
@@ -464,16 +225,13 @@ std::string randomStep(auto& kerray, Random random) {
     for (Int i = draw(random, draw(random, 12) == 0 ? 60 : 5); i >= 0; --i) {
       const T one = element(arePresent);
       // A batch repeats keys only where the caller breaks the trust.
-      if (isTrusting || std::ranges::none_of(result, [&](const T& other) {
-            return ElementTraits<T>::key(other) == ElementTraits<T>::key(one);
-          })) {
-        result.push_back(one);
-      }
+      const auto isOne = [&](const T& other) { return itemOf(other).key == itemOf(one).key; };
+      if (isTrusting || std::ranges::none_of(result, isOne)) result.push_back(one);
     }
     return result;
   };
   const auto indexes = [&](Int below) {
-    std::vector<Int> result;
+    Indexes result;
     for (Int i = draw(random, draw(random, 8) == 0 ? 40 : 5); i > 0; --i) {
       result.push_back(draw(random, below));
     }
@@ -485,7 +243,7 @@ std::string randomStep(auto& kerray, Random random) {
   };
   const T any = element(false);
   const T known = element(true);
-  const Int knownKey = ElementTraits<T>::key(known);
+  const Int knownKey = itemOf(known).key;
   const Int at = isFar ? draw(random, n + 1) : n;
   const Int which = draw(random, 30);
   try {
@@ -497,7 +255,7 @@ std::string randomStep(auto& kerray, Random random) {
     if (which < 9) return kerray.insertMultiple(elements(false), at, !isTrusting), "";
     if (which < 11) {
       const auto batch = elements(false);
-      std::vector<Int> places;
+      Indexes places;
       for (std::size_t i = 0; i < batch.size(); ++i) places.push_back(draw(random, n + 1));
       if (isFar) std::ranges::sort(places);
       return kerray.insertMultipleDistributed(batch, places, !isTrusting), "";
@@ -538,15 +296,12 @@ struct Pair {
     Texts copy;
   };
 
-  explicit Pair(std::vector<ViewModel<T>> views = {}) {
+  explicit Pair(std::vector<ViewModel<T>> views) {
     model.views = std::move(views);
     listen(first, nestedBefore);
-    for (auto& view : model.views) {
-      view.rebuild(model.content);
-      Real real{
-          View::make(kerray, view.filter, Optional<NamedSortBlock<T>>(view.sort)), nullptr, {}};
-      real.listener = std::make_unique<Listener>(*real.view);
-      reals.push_back(std::move(real));
+    for (const auto& view : model.views) {
+      auto real = View::make(kerray, view.filter, Optional<NamedSortBlock<T>>(view.sort));
+      reals.push_back({real, std::make_unique<Listener>(*real), {}});
     }
     listen(last, nestedAfter);
   }
@@ -563,8 +318,7 @@ struct Pair {
   }
 
   /// Takes a step that does not end the process; false if this one would.
-  template <typename Step>
-  bool step(const Step& step) {
+  bool step(const auto& step) {
     KerrayModel<T> trial = model;
     std::string expected;
     try {
@@ -577,56 +331,60 @@ struct Pair {
     return true;
   }
   void nest(const std::vector<Random>& before, const std::vector<Random>& after) {
-    hearsInDisorder = !before.empty();
+    nests = true;
     model.nestedBefore = nestedBefore = before;
     model.nestedAfter = nestedAfter = after;
   }
+
   bool randomlyStep(Random& random) {
     const Random now(random());
     return step([&](auto& target) { return randomStep<T>(target, now); });
   }
 
-  bool isSame(Random& random) {
-    const auto compare = [](const auto& real, const auto& expected) {
-      return std::ranges::equal(real, expected, [](const T& a, const T& b) {
-        return itemOf(a).key == itemOf(b).key && itemOf(a).rank == itemOf(b).rank &&
-               itemOf(a).group == itemOf(b).group;
-      });
+  static bool isSameContent(const auto& real, const std::vector<T>& expected) {
+    const auto content = [](const T& element) {
+      return std::tuple(itemOf(element).key, itemOf(element).rank, itemOf(element).group);
     };
-    EXPECT_TRUE(compare(kerray->array(), model.content));
+    return std::ranges::equal(real, expected, {}, content, content);
+  }
+  /// Follows by the events alone, except where they do not tell the content.
+  static void follow(const auto& source, const Changes& changes, bool isTold, Texts& copy) {
+    const bool isWholesale = std::ranges::any_of(changes, [](const Change& change) {
+      return change.indexes.empty() && change.elements.size() < 2;
+    });
+    if (!isTold || isWholesale) {
+      copy = textsOf(source);
+    } else {
+      for (const Change& change : changes) replay(change, copy, source);
+      // What a pointer leads to may have changed in several places of a view at once.
+      if (std::is_same_v<T, SharedItem>) return;
+      EXPECT_EQ(copy, textsOf(source)) << "the events alone must tell the content";
+    }
+  }
+  bool isSame(Random& random) {
+    EXPECT_TRUE(isSameContent(kerray->array(), model.content));
+    follow(*kerray, first, !nests, copy);
     EXPECT_EQ(std::exchange(first, {}), std::exchange(model.first, {}));
     EXPECT_EQ(std::exchange(last, {}), std::exchange(model.last, {}));
     const T any = makeElement<T>(draw(random, 3 * model.count() / 2 + 20), draw(random, 9));
-    const T* found = kerray->elementWithKey(ElementTraits<T>::key(any));
+    const T* found = kerray->elementWithKey(itemOf(any).key);
     EXPECT_EQ(found ? textForm(*found) : "none",
               model.contains(any) ? textForm(model.dictionary.at(model.keyOf(any))) : "none");
     EXPECT_EQ(kerray->indexOf(any).value_or(-1), model.indexOf(any));
     for (std::size_t i = 0; i < reals.size(); ++i) {
-      Real& real = reals[i];
+      const View& real = *reals[i].view;
       ViewModel<T>& view = model.views[i];
-      const auto& shown = view.shown(model.content);
-      EXPECT_EQ(real.view->filteredsortedArray().has_value(), view.array.has_value());
-      EXPECT_TRUE(compare(*real.view, shown)) << textForm(textsOf(*real.view)) << "\n"
-                                              << textForm(textsOf(shown));
-      EXPECT_EQ(real.view->contains(any), view.array ? view.find(any) >= 0 : model.contains(any));
-      const Changes changes = real.listener->heard();
+      EXPECT_EQ(real.filteredsortedArray().has_value(), view.array.has_value());
+      EXPECT_TRUE(isSameContent(real, view.shown(model.content)))
+          << textForm(textsOf(real)) << "\n"
+          << textForm(textsOf(view.shown(model.content)));
+      EXPECT_EQ(real.contains(any), view.array ? view.find(any) >= 0 : model.contains(any));
+      const Changes changes = std::exchange(reals[i].listener->changes, {});
       EXPECT_EQ(changes, std::exchange(view.changes, {}));
-      // A view of the base itself, and a sorted one, can be followed by its events alone. Filtered
-      // in natural order it cannot, nor can any pass-through be that hears of changes in disorder.
-      const bool isMirrored =
-          view.sort || (!view.array && !view.filterAtCreation && !hearsInDisorder);
-      const bool isWholesale = std::ranges::any_of(changes, [](const Change& change) {
-        return change.indexes.empty() && change.elements.size() < 2;
-      });
-      if (!isMirrored || isWholesale) {
-        real.copy = textsOf(*real.view);
-      } else {
-        for (const Change& change : changes) replay(change, real.copy, *real.view);
-        // What a pointer leads to may have changed in several places of the view at once.
-        if constexpr (!std::is_same_v<T, SharedItem>) {
-          EXPECT_EQ(real.copy, textsOf(*real.view));
-        }
-      }
+      // The events of a view that is filtered in natural order do not tell its content, nor do
+      // those of a pass-through that hears of changes in disorder.
+      const bool isTold = view.sort || (!view.array && !view.filterAtCreation && !nests);
+      follow(real, changes, isTold, reals[i].copy);
     }
     return !::testing::Test::HasFailure();
   }
@@ -634,11 +392,12 @@ struct Pair {
   std::shared_ptr<Kerray<T>> kerray = Kerray<T>::make();
   KerrayModel<T> model;
   std::vector<Real> reals;
+  Texts copy;
   Changes first;
   Changes last;
   std::vector<Random> nestedBefore;
   std::vector<Random> nestedAfter;
-  bool hearsInDisorder = false;
+  bool nests = false;
   OwnerToken owner;
 };
 

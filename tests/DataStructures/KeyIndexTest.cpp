@@ -2,9 +2,7 @@
 #include <Tolvanite/DataStructures/detail/KeyIndex.h>
 
 #include <compare>
-#include <functional>
 #include <unordered_map>
-#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -29,7 +27,6 @@ namespace tolvanite::detail {
 namespace {
 
 using testing::draw;
-using testing::Random;
 
 template <std::size_t hashes>
 struct Keyed {
@@ -39,16 +36,16 @@ struct Keyed {
 
 template <std::size_t hashes>
 void expectThatItDoesWhatAMapDoes(std::size_t salt, int steps) {
-  using Element = Keyed<hashes>;
   CollidingKey<hashes>::salt = salt;
-  Random random(salt);
-  KeyIndex<Element> index;
+  testing::Random random(salt);
+  KeyIndex<Keyed<hashes>> index;
   std::unordered_map<int, int> expected;
   for (int i = 0; i < steps; ++i) {
     const Int keys = hashes == 1 ? 80 : i / 4000 % 2 == 0 ? 3000 : 100;
     const CollidingKey<hashes> key{static_cast<int>(draw(random, keys))};
+    const CollidingKey<hashes> any{static_cast<int>(draw(random, keys))};
     if (draw(random, 5) < 3) {
-      auto handle = Handle<Element>::make(Element{key, i});
+      auto handle = Handle<Keyed<hashes>>::make(Keyed<hashes>{key, i});
       index.reserveOne();
       const auto spot = index.spotOf(key);
       ASSERT_EQ(index.boxAt(spot) != nullptr, expected.contains(key.number));
@@ -66,43 +63,24 @@ void expectThatItDoesWhatAMapDoes(std::size_t salt, int steps) {
       expected.erase(key.number);
     }
     ASSERT_EQ(index.count(), static_cast<Int>(expected.size()));
-    const CollidingKey<hashes> any{static_cast<int>(draw(random, keys))};
     ASSERT_EQ(index.find(any) != nullptr, expected.contains(any.number));
-    if (i % 500 == 0) {
-      if (i % 1500 == 0) index.reserve(index.count() + draw(random, 300));
-      auto moved = std::move(index);
-      index = std::move(moved);
-      for (const auto& [number, content] : expected) {
-        ASSERT_EQ(index.find({number})->value.content, content);
-      }
+    if (i % 500 != 0) continue;
+    if (i % 1500 == 0) index.reserve(index.count() + draw(random, 300));
+    auto moved = std::move(index);
+    index = std::move(moved);
+    for (const auto& [number, content] : expected) {
+      ASSERT_EQ(index.find({number})->value.content, content);
     }
   }
 }
 
 TEST(KeyIndexTest, doesWhatAMapDoes) {
-  Random random(1);
+  testing::Random random(1);
   for (int i = 0; i < 16; ++i) {
     expectThatItDoesWhatAMapDoes<1>(random(), 1500);
     expectThatItDoesWhatAMapDoes<7>(random(), 1500);
   }
   expectThatItDoesWhatAMapDoes<1000003>(0, 30000);
-}
-
-TEST(KeyIndexTest, holdsOneReferenceToWhatItHolds) {
-  using Element = Keyed<7>;
-  auto handle = Handle<Element>::make(Element{{1}, 1});
-  {
-    KeyIndex<Element> index;
-    index.set(handle, 0);
-    index.set(handle, 0);
-    EXPECT_EQ(handle->references.value(), 2u);
-    for (int i = 2; i < 100; ++i) index.set(Handle<Element>::make(Element{{i}, i}), i);
-    EXPECT_EQ(handle->references.value(), 2u);
-    index.set(Handle<Element>::make(Element{{1}, 2}), 0);
-    EXPECT_EQ(handle->references.value(), 1u);
-    index.set(handle, 0);
-  }
-  EXPECT_EQ(handle->references.value(), 1u);
 }
 
 }  // namespace

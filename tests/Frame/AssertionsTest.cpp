@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <stdexcept>
@@ -20,17 +21,14 @@
 #include <Tolvanite/Frame/ValueRange.h>
 
 #include <tests/Support/CapturedOutput.h>
+#include <tests/Support/TemporaryFolder.h>
 
 namespace {
 
-using tolvanite::Error;
-using tolvanite::TolvaniteCoding;
-using tolvanite::tvIfValueWithin;
-using tolvanite::tvLimitValue;
-using tolvanite::whenThrowing;
+using namespace tolvanite;
 using tolvanite::testing::CapturedOutput;
 
-const auto aborts = testing::KilledBySignal(SIGABRT);
+const auto aborts = ::testing::KilledBySignal(SIGABRT);
 
 std::string fatal(const std::string& messageWithColon) {
   return "^Fatal error" + messageWithColon + ": file " __FILE__ ", line [0-9]+\n$";
@@ -52,14 +50,13 @@ TEST(AssertionsTest, markersPrintTheirLines) {
 
 TEST(AssertionsDeathTest, unexpectedCodeLogsThenFails) {
   // The child's standard output is made its standard error, so that the order shows.
-  EXPECT_EXIT(
-      {
-        ::dup2(STDERR_FILENO, STDOUT_FILENO);
-        TolvaniteCoding::unexpectedCodeReached("here");
-      },
-      aborts,
-      "^📛 IMPORTANT!! 📛 = Unexpected Code Reached: here\n"
-      "Fatal error: Unexpected Code Reached: here: file " __FILE__ ", line [0-9]+\n$");
+  const auto reach = [] {
+    ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    TolvaniteCoding::unexpectedCodeReached("here");
+  };
+  EXPECT_EXIT(reach(), aborts,
+              "^📛 IMPORTANT!! 📛 = Unexpected Code Reached: here\n"
+              "Fatal error: Unexpected Code Reached: here: file " __FILE__ ", line [0-9]+\n$");
 }
 
 struct Localized : Error {
@@ -79,43 +76,44 @@ TEST(AssertionsDeathTest, whenThrowingNamesTheError) {
 }
 
 TEST(AssertionsTest, rangesIncludeTheirBounds) {
-  EXPECT_TRUE(tvIfValueWithin(1, 1, 1));
-  EXPECT_FALSE(tvIfValueWithin(2, 1, 3));
-  EXPECT_FALSE(tvIfValueWithin(1, 4, 3));
+  EXPECT_TRUE(tvIfValueWithin(1, 1, 1) && tvIfValueWithin(0, 0.5, 1));
+  EXPECT_FALSE(tvIfValueWithin(2, 1, 3) || tvIfValueWithin(1, 4, 3));
   EXPECT_FALSE(tvIfValueWithin(0.0, std::nan(""), 1.0));
   EXPECT_EQ(tvLimitValue(5, 7, 9), 7);
-  EXPECT_EQ(tvLimitValue(5, 1, 3), 3);
   EXPECT_EQ(tvLimitValue(5, 7, 3), 3);
-  EXPECT_EQ(tvLimitValue(std::string("m"), std::string("a"), std::string("z")), "m");
+  EXPECT_EQ(tvLimitValue(std::string("m"), "a", "z") + tvLimitValue(std::string("zz"), "a", "z"),
+            "mz");
+  EXPECT_EQ(tvLimitValue(std::int64_t{1} << 40, 0, 79), 79);
+  static_assert(!BoundOf<double, int>, "0.5 would become 0");
 }
 
 TEST(AssertionsTest, sleepsForTheirUnits) {
-  EXPECT_GE(secondsTaken([] { tolvanite::qsleep(1); }), 0.1);
-  EXPECT_GE(secondsTaken([] { tolvanite::qsleepSeconds(0.02); }), 0.02);
-  EXPECT_GE(secondsTaken([] { tolvanite::q::sleep(0.02); }), 0.02);
-  EXPECT_LT(secondsTaken([] {
-              tolvanite::qsleepSeconds(-0.0000009);
-              tolvanite::q::sleep(-1);
-              tolvanite::q::sleep(std::nan(""));
-            }),
-            5);
+  EXPECT_GE(secondsTaken([] { qsleep(1); }), 0.1);
+  EXPECT_GE(secondsTaken([] { qsleepSeconds(0.02); }), 0.02);
+  EXPECT_GE(secondsTaken([] { q::sleep(0.02); }), 0.02);
+  const auto atOnce = [] {
+    qsleepSeconds(-0.0000009);
+    q::sleep(-1);
+    q::sleep(std::nan(""));
+  };
+  EXPECT_LT(secondsTaken(atOnce), 5);
 }
 
 TEST(AssertionsDeathTest, sleepsOutOfRangeAreFatal) {
-  EXPECT_EXIT(tolvanite::qsleep(42950), aborts, fatal(""));
-  EXPECT_EXIT(tolvanite::qsleep(4294968), aborts, fatal(""));
+  EXPECT_EXIT(qsleep(42950), aborts, fatal(""));
+  EXPECT_EXIT(qsleep(4294968), aborts, fatal(""));
   for (const double seconds :
        {-0.000001, 4294.967296, std::nan(""), std::numeric_limits<double>::infinity(), 1e308}) {
-    EXPECT_EXIT(tolvanite::qsleepSeconds(seconds), aborts, fatal("")) << seconds;
+    EXPECT_EXIT(qsleepSeconds(seconds), aborts, fatal("")) << seconds;
   }
 }
 
 TEST(AssertionsTest, aTracedProcessKnowsIt) {
   const pid_t child = ::fork();
   if (child == 0) {
-    const bool before = tolvanite::tvAmIBeingDebugged();
+    const bool before = tvAmIBeingDebugged();
     ::ptrace(PTRACE_TRACEME, 0, nullptr, nullptr);
-    ::_exit(tolvanite::tvAmIBeingDebugged() && !before ? 0 : 1);
+    ::_exit(tvAmIBeingDebugged() && !before ? 0 : 1);
   }
   int status = 0;
   ASSERT_EQ(::waitpid(child, &status, 0), child);
@@ -123,14 +121,12 @@ TEST(AssertionsTest, aTracedProcessKnowsIt) {
 }
 
 TEST(AssertionsTest, foldersAreMadeWithThoseAbove) {
-  const auto folder = std::filesystem::temp_directory_path() /
-                      ("tolvanite-" + std::to_string(::getpid())) / "a" / "b";
-  tolvanite::Fm.createDirectory(folder);
-  tolvanite::Fm.createDirectory(folder);
-  EXPECT_TRUE(std::filesystem::is_directory(folder));
-  std::filesystem::remove_all(folder.parent_path().parent_path());
+  const tolvanite::testing::TemporaryFolder folder;
+  Fm.createDirectory(folder / "a/b");
+  Fm.createDirectory(folder / "a/b");
+  EXPECT_TRUE(std::filesystem::is_directory(folder / "a/b"));
   try {
-    tolvanite::Fm.createDirectory("/proc/self/status/below");
+    Fm.createDirectory("/proc/self/status/below");
     ADD_FAILURE();
   } catch (const Error& error) {
     EXPECT_EQ(error.description(),

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <list>
 #include <memory>
 #include <optional>
@@ -37,13 +38,12 @@ constexpr auto initial = [](const std::string& word) { return word.at(0); };
 
 TEST(ArrayShapesTest, cutAndRepeat) {
   EXPECT_EQ(chunk(Ints{1, 2, 3, 4, 5}, 2), (std::vector<Ints>{{1, 2}, {3, 4}, {5}}));
-  EXPECT_EQ(chunk(Ints{1, 2}, 9), (std::vector<Ints>{{1, 2}}));
   EXPECT_EQ(chunk(Ints{}, 2), std::vector<Ints>{});
   EXPECT_EQ(arrayInterweaving(Ints{1, 2, 3}, 0), (Ints{1, 0, 2, 0, 3}));
   EXPECT_EQ(arrayInterweaving(std::list<int>{}, 0), Ints{});
   EXPECT_EQ(arrayThicknessed(Ints{1, 2}, 3), (Ints{1, 1, 1, 2, 2, 2}));
   EXPECT_EQ(multiply(Ints{1, 2}, 2), (Ints{1, 2, 1, 2}));
-  EXPECT_EQ(multiply(Ints{1, 2}, 0), Ints{});
+  EXPECT_EQ(multiply(Ints{}, std::numeric_limits<Int>::max()), Ints{}) << "at once";
   EXPECT_EQ(lastIndex(Ints{}), -1);
   EXPECT_EXIT(chunk(Ints{1}, 0), aborts, "Fatal error: chunk with size 0");
   EXPECT_EXIT(multiply(Ints{1}, -1), aborts, "multiply factor is negative: -1");
@@ -51,20 +51,14 @@ TEST(ArrayShapesTest, cutAndRepeat) {
 
 TEST(ArrayShapesTest, absentUnlessTheCountFits) {
   const Ints two{1, 2};
-  EXPECT_EQ(tvAtLeastCount(two, 2), two);
-  EXPECT_FALSE(tvAtLeastCount(two, 3).has_value());
-  EXPECT_EQ(tvCountEquals(two, 2), two);
-  EXPECT_FALSE(tvCountEquals(two, 1).has_value());
-  EXPECT_EQ(tvAtLeastOne(std::set<int>{4}), std::set<int>{4});
-  EXPECT_FALSE(tvAtLeastOne(Set<int>{}).has_value());
-  EXPECT_EQ(safe(two, 1), 2);
-  EXPECT_FALSE(safe(two, 2).has_value());
-  EXPECT_FALSE(safe(two, -1).has_value());
+  EXPECT_TRUE(tvAtLeastCount(two, 2) == two && !tvAtLeastCount(two, 3));
+  EXPECT_TRUE(tvCountEquals(two, 2) == two && !tvCountEquals(two, 1));
+  EXPECT_TRUE(tvAtLeastOne(std::set<int>{4}) && !tvAtLeastOne(Set<int>{}));
+  EXPECT_TRUE(safe(two, 1) == 2 && !safe(two, 2) && !safe(two, -1));
 
   std::vector<std::unique_ptr<int>> owned;
   appendOptional(owned, std::optional(std::make_unique<int>(1)));
   appendOptional(owned, std::nullopt);
-  EXPECT_EQ(owned.size(), 1U);
   EXPECT_EQ(tvAtLeastOne(std::move(owned))->size(), 1U);
 }
 
@@ -76,7 +70,6 @@ TEST(ArrayShapesTest, filterAndSortInPlace) {
   EXPECT_THROW(filtering(numbers, throwing), std::runtime_error);
   EXPECT_EQ(numbers, (Ints{4, 1, 2, 3, 8}));
   filtering(numbers, isEven);
-  EXPECT_EQ(numbers, (Ints{4, 2, 8}));
   EXPECT_EQ(sorted_not(numbers, std::less<>()), (Ints{8, 4, 2}));
   sort_not(numbers, std::greater<>());
   EXPECT_EQ(numbers, (Ints{2, 4, 8}));
@@ -91,13 +84,9 @@ TEST(ArrayShapesTest, neighboursAndDifferences) {
   const auto added = insertions(Ints{1, 3}, Ints{0, 1, 2, 3, 4});
   EXPECT_EQ(added.indexes, (std::vector<Int>{0, 2, 4}));
   EXPECT_EQ(added.elements, (Ints{0, 2, 4}));
-  EXPECT_EQ(insertions(Ints{1, 2}, Ints{}), ArrayInsertions<int>());
   // An element that `other` lacks holds up the walk: all that follows counts as inserted.
   EXPECT_EQ(insertions(Ints{9, 1}, Ints{1}).elements, Ints{1});
-
-  EXPECT_TRUE(hasAscendingOrder(Ints{}));
-  EXPECT_TRUE(hasAscendingOrder(Ints{1, 1, 2}));
-  EXPECT_FALSE(hasAscendingOrder(Ints{1, 2, 1}));
+  EXPECT_TRUE(hasAscendingOrder(Ints{1, 1, 2}) && !hasAscendingOrder(Ints{1, 2, 1}));
 }
 
 TEST(SequenceGroupingTest, mapsAndGroups) {
@@ -130,34 +119,24 @@ TEST(SequenceSearchTest, firstAndLast) {
   EXPECT_EQ(lastPosition(numbers, isEven), 3);
   EXPECT_EQ(lastPosition(passing, isEven), 2);
   const auto none = [](int number) { return number > 9; };
-  EXPECT_FALSE(firstMatch(numbers, none).has_value());
-  EXPECT_FALSE(lastPosition(numbers, none).has_value());
-  EXPECT_FALSE(lastPosition(passing, none).has_value());
+  EXPECT_FALSE(firstMatch(numbers, none) || lastPosition(numbers, none));
+  EXPECT_FALSE(lastPosition(passing, none).has_value() || allMatch(numbers, isEven));
   EXPECT_TRUE(allMatch(Ints{}, none));
-  EXPECT_FALSE(allMatch(numbers, isEven));
   EXPECT_EQ(filterAndNotFilter(numbers, isEven), std::pair(Ints{8, 6}, Ints{3, 5, 7}));
-  EXPECT_EQ(notFilter(numbers, isEven), (Ints{3, 5, 7}));
 }
 
 TEST(ShufflingTest, drawsInTheToldOrder) {
+  ScriptedRandom random({3, 0, 1, 0, 1, 2, 2, 2, 0, 0, 2, 1, 1, 1, 2});
   Ints four{1, 2, 3, 4};
-  {
-    ScriptedRandom random({3, 0, 1});
-    shuffle(four);
-    EXPECT_EQ(four, (Ints{4, 2, 1, 3}));
-    EXPECT_EQ(random.bounds, (std::vector<std::uint32_t>{4, 3, 2}));
-  }
-  {
-    ScriptedRandom random({0, 1, 2, 2, 2, 0, 0, 2, 1, 1, 1, 2});
-    EXPECT_EQ(randomizedArray(Ints{1, 2, 3}, 2), (Ints{2, 3, 1}));
-    EXPECT_EQ(random.bounds, std::vector<std::uint32_t>(12, 3));
-  }
-  {
-    ScriptedRandom random({});
-    EXPECT_EQ(shuffled(std::list<int>{1}), Ints{1});
-    EXPECT_EQ(randomizedArray(Ints{}), Ints{});
-    EXPECT_EQ(randomizedArray(Ints{1, 2}, 0), (Ints{1, 2}));
-  }
+  shuffle(four);
+  EXPECT_EQ(four, (Ints{4, 2, 1, 3}));
+  EXPECT_EQ(randomizedArray(Ints{1, 2, 3}, 2), (Ints{2, 3, 1}));
+  EXPECT_EQ(shuffled(std::list<int>{1}), Ints{1});
+  EXPECT_EQ(randomizedArray(Ints{}, std::numeric_limits<Int>::max()), Ints{}) << "at once";
+  EXPECT_EQ(randomizedArray(Ints{1, 2}, 0), (Ints{1, 2}));
+  std::vector<std::uint32_t> bounds{4, 3, 2};
+  bounds.insert(bounds.end(), 12, 3);
+  EXPECT_EQ(random.bounds, bounds);
 }
 
 TEST(ShufflingTest, theSystemsOwnSourceReachesEveryOrder) {
@@ -174,7 +153,6 @@ TEST(ShufflingTest, theSystemsOwnSourceReachesEveryOrder) {
 TEST(CustomStringOrderTest, ranksFirstThenTheRest) {
   const Strings given{"c", "a", "b", "a"};
   EXPECT_EQ(sortWithCustomOrder(given, CustomStringRanks{{"b", 0}}), (Strings{"b", "c", "a", "a"}));
-  EXPECT_EQ(sortWithCustomOrder(given, CustomStringRanks{}), given);
   EXPECT_EQ(sortWithCustomOrder(given, Strings{"a", "c"}), (Strings{"a", "a", "c", "b"}));
   // No rank is rank 9999, and higher ranks stand behind it.
   EXPECT_EQ(sortWithCustomOrder(given, CustomStringRanks{{"c", 10000}, {"b", 9999}}),

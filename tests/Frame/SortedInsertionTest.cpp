@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
@@ -16,36 +17,30 @@ using namespace tolvanite;
 
 namespace {
 
+using testing::AllOf, testing::Ge, testing::Le;
 using Ints = std::vector<int>;
-
-// Notes every pair that it is asked for.
-struct NotingLess {
-  std::vector<std::pair<int, int>>* asked;
-  bool operator()(int a, int b) const {
-    asked->emplace_back(a, b);
-    return a < b;
-  }
-};
 
 TEST(SortedInsertionTest, asksInTheOrderOfTheHalving) {
   using Asked = std::vector<std::pair<int, int>>;
-  const Ints array{1, 3, 3, 5};
   Asked asked;
-  EXPECT_EQ(insertionIndexForSortedBy(array, NotingLess{&asked}, 3), 1);
-  EXPECT_EQ(asked, (Asked{{3, 3}, {1, 3}, {3, 3}}));
-  asked.clear();
-  EXPECT_EQ(insertionIndexForSortedBy(array, NotingLess{&asked}, 6), 4);
-  EXPECT_EQ(asked, (Asked{{3, 6}, {3, 6}, {5, 6}}));
-  asked.clear();
-  EXPECT_EQ(insertionIndexOf(array, 3, NotingLess{&asked}), 1);
-  EXPECT_EQ(asked, (Asked{{3, 3}, {3, 3}}));
-  asked.clear();
-  EXPECT_EQ(insertionIndexOf(array, 4, NotingLess{&asked}), 3);
-  EXPECT_EQ(asked, (Asked{{3, 4}, {3, 4}, {5, 4}, {4, 5}}));
-  asked.clear();
-  EXPECT_EQ(insertionIndexForSortedBy(Ints{}, NotingLess{&asked}, 3), 0);
-  EXPECT_EQ(insertionIndexOf(Ints{}, 3, NotingLess{&asked}), 0);
-  EXPECT_EQ(asked, Asked{});
+  const auto less = [&](int a, int b) { return asked.emplace_back(a, b), a < b; };
+  const auto sorted = [&](const Ints& array, int value) {
+    asked.clear();
+    const Int index = insertionIndexForSortedBy(array, less, value);
+    return std::pair(index, asked);
+  };
+  const auto anywhere = [&](const Ints& array, int value) {
+    asked.clear();
+    const Int index = insertionIndexOf(array, value, less);
+    return std::pair(index, asked);
+  };
+  const Ints array{1, 3, 3, 5};
+  EXPECT_EQ(sorted(array, 3), std::pair(Int{1}, Asked{{3, 3}, {1, 3}, {3, 3}}));
+  EXPECT_EQ(sorted(array, 6), std::pair(Int{4}, Asked{{3, 6}, {3, 6}, {5, 6}}));
+  EXPECT_EQ(anywhere(array, 3), std::pair(Int{1}, Asked{{3, 3}, {3, 3}}));
+  EXPECT_EQ(anywhere(array, 4), std::pair(Int{3}, Asked{{3, 4}, {3, 4}, {5, 4}, {4, 5}}));
+  EXPECT_EQ(sorted({}, 3), std::pair(Int{0}, Asked()));
+  EXPECT_EQ(anywhere({}, 3), std::pair(Int{0}, Asked()));
 }
 
 TEST(SortedInsertionTest, takesAnyIndexableArray) {
@@ -88,11 +83,8 @@ TEST(SortedInsertionTest, staysInBoundsWhateverTheBlockAnswers) {
   };
   const Ints array(37, 0);
   for (int i = 0; i < 1000; ++i) {
-    for (const Int index :
-         {insertionIndexForSortedBy(array, any, 0), insertionIndexOf(array, 0, any)}) {
-      ASSERT_GE(index, 0);
-      ASSERT_LE(index, 37);
-    }
+    ASSERT_THAT(insertionIndexForSortedBy(array, any, 0), AllOf(Ge(0), Le(37)));
+    ASSERT_THAT(insertionIndexOf(array, 0, any), AllOf(Ge(0), Le(37)));
   }
 }
 

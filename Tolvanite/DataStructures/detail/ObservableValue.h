@@ -56,7 +56,6 @@ class ValueCell {
 /// Calls `call` with the entry of every listener whose owner is not the sender.
 template <typename Fountain, typename Call>
 void forEachListenerBut(const Owner& sender, const Fountain& fountain, const Call& call) {
-  const PassUnderWay pass;
   for (const auto& listener : fountain) {
     if (!listener->isOwnedBy(sender)) call(*listener);
   }

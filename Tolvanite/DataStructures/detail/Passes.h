@@ -16,12 +16,12 @@ TOLVANITE_EXPORT extern thread_local constinit bool isSomethingKept;
 TOLVANITE_EXPORT void keepUntilPassesEnd(std::shared_ptr<const void> object);
 TOLVANITE_EXPORT void letGoOfKept() noexcept;
 
-/// A pass, for as long as it exists.
+/// A pass, for as long as it or a copy exists.
 class PassUnderWay {
  public:
   PassUnderWay() noexcept { ++passesUnderWay; }
-  PassUnderWay(const PassUnderWay&) = delete;
-  PassUnderWay& operator=(const PassUnderWay&) = delete;
+  PassUnderWay(const PassUnderWay& /*other*/) noexcept : PassUnderWay() {}
+  PassUnderWay& operator=(const PassUnderWay& /*other*/) noexcept { return *this; }
   ~PassUnderWay() {
     if (--passesUnderWay == 0 && isSomethingKept) letGoOfKept();
   }
