@@ -31,6 +31,7 @@ template <typename Elements>
 std::vector<FileRecord> sampleOf(const Elements& elements, Int limit) {
   const Int count = std::min(limit, elements.count() / 2);
   std::vector<FileRecord> result;
+  result.reserve(static_cast<std::size_t>(count));
   for (Int i = 0; i < count; ++i) result.push_back(elements[i * elements.count() / count]);
   return result;
 }
