@@ -4,9 +4,6 @@
 
 namespace tolvanite {
 
-ArrayErrors::ArrayErrors(Case errorCaseGiven, std::string textGiven, std::string description)
-    : Error(std::move(description)), errorCase(errorCaseGiven), text(std::move(textGiven)) {}
-
 ArrayErrors::~ArrayErrors() = default;
 
 ArrayErrors ArrayErrors::elementAlreadyPresent(std::string element) {

@@ -4,16 +4,16 @@
 
 #include <string>
 
-#include <Tolvanite/Frame/Error.h>
+#include <Tolvanite/DataStructures/detail/CaseError.h>
 #include <Tolvanite/Platform/Export.h>
 
 namespace tolvanite {
 
-/// Compares by its case and payload.
-class TOLVANITE_EXPORT ArrayErrors final : public Error {
- public:
-  enum class Case { elementAlreadyPresent, indexOutOfBounds };
+/// `ArrayErrors::Case`.
+enum class ArrayErrorCase { elementAlreadyPresent, indexOutOfBounds };
 
+class TOLVANITE_EXPORT ArrayErrors final : public detail::CaseError<ArrayErrorCase> {
+ public:
   /// `element`: the element described as text.
   static ArrayErrors elementAlreadyPresent(std::string element);
   /// `index`: which index, and its number.
@@ -21,15 +21,8 @@ class TOLVANITE_EXPORT ArrayErrors final : public Error {
 
   ~ArrayErrors() override;
 
-  bool operator==(const ArrayErrors& other) const noexcept {
-    return errorCase == other.errorCase && text == other.text;
-  }
-
-  Case errorCase;
-  std::string text;
-
  private:
-  ArrayErrors(Case errorCase, std::string text, std::string description);
+  using CaseError::CaseError;
 };
 
 }  // namespace tolvanite

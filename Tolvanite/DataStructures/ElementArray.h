@@ -13,10 +13,12 @@
 #include <ranges>
 #include <span>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include <Tolvanite/DataStructures/detail/Box.h>
+#include <Tolvanite/DataStructures/detail/BoxedRange.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/Types.h>
@@ -24,7 +26,8 @@
 namespace tolvanite {
 
 /// A value type with copy-on-write content. Made from any range of elements, so that every
-/// operation that takes one can be given a vector, a braced list or a view.
+/// operation that takes one can be given a vector, a braced list or a view. The elements of another
+/// array or set of the library are shared, those of other ranges are copied or moved.
 template <typename T>
 class ElementArray {
  public:
@@ -39,7 +42,7 @@ class ElementArray {
     using iterator_category = std::random_access_iterator_tag;
 
     Iterator() = default;
-    reference operator*() const noexcept { return detail::boxOf<T>(*position_)->value; }
+    reference operator*() const noexcept { return box()->value; }
     pointer operator->() const noexcept { return &**this; }
     reference operator[](difference_type n) const noexcept { return *(*this + n); }
     Iterator& operator++() noexcept { return *this += 1; }
@@ -64,7 +67,9 @@ class ElementArray {
 
    private:
     friend class ElementArray;
+    friend struct detail::BoxAccess;
     explicit Iterator(detail::BoxHeader* const* position) noexcept : position_(position) {}
+    detail::Box<T>* box() const noexcept { return detail::boxOf<T>(*position_); }
 
     detail::BoxHeader* const* position_ = nullptr;
   };
@@ -153,20 +158,10 @@ class ElementArray {
     if constexpr (std::ranges::sized_range<Range>) {
       target.reserve(static_cast<Int>(std::ranges::size(elements)));
     }
-    // A container that is given away gives its elements away, too.
-    constexpr bool givenAway = !std::is_lvalue_reference_v<Range> && !std::ranges::view<Range> &&
-                               !std::is_const_v<std::remove_reference_t<Range>>;
-    for (auto&& element : elements) {
-      auto handle = [&] {
-        if constexpr (givenAway) {
-          return detail::Handle<T>::make(T(std::move(element)));
-        } else {
-          return detail::Handle<T>::make(T(std::forward<decltype(element)>(element)));
-        }
-      }();
+    detail::forEachBoxed<T>(std::forward<Range>(elements), [&](detail::Handle<T> handle) {
       target.append(handle.get());
       handle.leak();
-    }
+    });
   }
 
   detail::Counted<Content> content_;

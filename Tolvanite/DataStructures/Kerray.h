@@ -24,11 +24,9 @@
 #include <algorithm>
 #include <concepts>
 #include <cstdint>
-#include <cstdlib>
 #include <iterator>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -37,11 +35,11 @@
 #include <Tolvanite/DataStructures/KerrayErrur.h>
 #include <Tolvanite/DataStructures/KerrayObserver.h>
 #include <Tolvanite/DataStructures/KeyedElement.h>
-#include <Tolvanite/DataStructures/WeaklyOwnedObjectsSphere.h>
 #include <Tolvanite/DataStructures/detail/CollectionTexts.h>
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
-#include <Tolvanite/DataStructures/detail/KeptDuringPasses.h>
-#include <Tolvanite/DataStructures/detail/KeyIndex.h>
+#include <Tolvanite/DataStructures/detail/ElementTable.h>
+#include <Tolvanite/DataStructures/detail/Followed.h>
+#include <Tolvanite/DataStructures/detail/IndexSeeker.h>
 #include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/Passes.h>
 #include <Tolvanite/Frame/Fatal.h>
@@ -55,7 +53,9 @@ namespace tolvanite {
 /// are in memory until they are updated or removed. An index out of range is fatal, unless an
 /// operation says otherwise.
 template <KeyedElement T>
-class Kerray final : public detail::KeptDuringPasses {
+class Kerray final
+    : public detail::Followed<Kerray<T>, KerrayObserver<T>, detail::KerrayFollower<T>>,
+      public detail::Described {
  public:
   using value_type = T;
   using Key = KeyType<T>;
@@ -63,16 +63,13 @@ class Kerray final : public detail::KeptDuringPasses {
   using Errur = KerrayErrur;
 
   /// An empty Kerray.
-  static std::shared_ptr<Kerray> make() { return owned(new Kerray()); }
+  static std::shared_ptr<Kerray> make() { return Kerray::owned(new Kerray()); }
   /// A Kerray of these elements, whose keys are trusted to be distinct.
   static std::shared_ptr<Kerray> make(ElementArray<T> elements) {
     auto kerray = make();
     kerray->fill(std::move(elements));
     return kerray;
   }
-
-  /// The registry of whoever wants to hear of changes.
-  WeaklyOwnedObjectsSphere<Observer> observers;
 
   // Reading
 
@@ -212,6 +209,12 @@ class Kerray final : public detail::KeptDuringPasses {
  private:
   template <EquatableKeyedElement U>
   friend class OptionallyFilteredOptionallySortedArray_BasedOnKerray;
+  template <HashableEquatableKeyedElement U>
+  friend class OptionallyFilteredSet_BasedOnKerray;
+  using Followed = detail::Followed<Kerray, Observer, detail::KerrayFollower<T>>;
+  using Followed::addFollower;
+  using Followed::changes_;
+  using Followed::tell;
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
   using Store = detail::ElementStore<T>;
@@ -219,10 +222,6 @@ class Kerray final : public detail::KeptDuringPasses {
   Kerray() = default;
   ~Kerray() override = default;
 
-  // Calls `event` of all observers with these arguments, views through `tellFollower`.
-  template <typename Event, typename TellFollower, typename... Arguments>
-  [[gnu::always_inline]] inline void tell(Event Observer::* event, const TellFollower& tellFollower,
-                                          const Arguments&... arguments);
   template <typename Element>
   void insertChecked(Element&& element, Int atIndex);
   void tellInserted(Int index, const Handle& element);
@@ -230,12 +229,10 @@ class Kerray final : public detail::KeptDuringPasses {
   std::pair<Store, Store> split(ElementArray<T> elements, bool testForExistingElements,
                                 std::vector<Int>* indexes = nullptr) const;
   static void throwIfPresent(const Store& present);
-  [[noreturn]] static void failOutOfBounds(std::string_view which, Int index);
   [[noreturn]] static void failChangedKey();
 
   void fill(ElementArray<T> elements);
   Int firstIndexWithKey(const Key& key) const;
-  Int indexOfBoxAt(typename detail::KeyIndex<T>::Spot spot) const;
   // Whether the two stores, and nobody else, hold this element, so that it may change in its box.
   bool isUnshared(const Box* box) const {
     return box->references.value() == 2 && !array_.isShared() && detail::passesUnderWay == 0;
@@ -257,37 +254,10 @@ class Kerray final : public detail::KeptDuringPasses {
   detail::KeyIndex<T> dictionary_;
   // Set when a trusted caller broke the trust: then keys are looked for by scanning the array.
   bool keysMayRepeat_ = false;
-  // How far elements were sought since their indexes were noted last.
-  mutable Int searched_ = 0;
-  // Numbers the changes that are told.
-  std::uint64_t changes_ = 0;
+  mutable detail::IndexSeeker seeker_;
 };
 
 // Implementation
-
-template <KeyedElement T>
-template <typename Event, typename TellFollower, typename... Arguments>
-void Kerray<T>::tell(Event Observer::* event, const TellFollower& tellFollower,
-                     const Arguments&... arguments) {
-  const std::uint64_t change = ++changes_;
-  if (observers.isEmpty()) return;
-  const Pass pass(*this);
-  observers.forEach([&](Observer& observer) {
-    if (observer.follower_) {
-      // The view may be let go by one of its own observers.
-      const Pass passOfView(*observer.view_);
-      observer.follower_->baseChanged(change);
-      try {
-        tellFollower(*observer.follower_);
-      } catch (...) {
-        observer.follower_->baseChangeFailed();
-        throw;
-      }
-    } else if (const Event& block = observer.*event) {
-      block(*this, arguments...);
-    }
-  });
-}
 
 template <KeyedElement T>
 void Kerray<T>::tellInserted(Int index, const Handle& element) {
@@ -493,9 +463,9 @@ bool Kerray<T>::updateWithKey(const Key& key, Change&& change) {
 
 template <KeyedElement T>
 void Kerray<T>::move(Int from, Int to) {
-  if (from >= count()) failOutOfBounds("from", from);
+  if (from >= count()) detail::failOutOfBounds("from", from);
   // A target equal to the count passes here and fails in the array, deliberately.
-  if (to > count()) failOutOfBounds("to", to);
+  if (to > count()) detail::failOutOfBounds("to", to);
   if (from == to) return;
   array_.move(from, to);
   const auto handle = array_.handleAt(to);
@@ -508,7 +478,7 @@ void Kerray<T>::move(Int from, Int to) {
 
 template <KeyedElement T>
 void Kerray<T>::move(const std::vector<Int>& fromIndexes, Int to) {
-  if (to > count()) failOutOfBounds("to", to);
+  if (to > count()) detail::failOutOfBounds("to", to);
   if (!Store::isStrictlyAscending(fromIndexes)) {
     fatalFailure(textForm(fromIndexes) + " not in ascending order!");
   }
@@ -559,10 +529,7 @@ template <KeyedElement T>
 Optional<T> Kerray<T>::removeElementWithKey(const Key& key) {
   if (!containsWith(key)) return {};
   const Int index = firstIndexWithKey(key);
-  if (index < 0) {
-    fatalFailure("A key leads to an element that is not in the array: " +
-                 detail::textFormOrTypeName(key));
-  }
+  if (index < 0) detail::failInconsistent(key);
   return removeAtIndex(index);
 }
 
@@ -599,38 +566,12 @@ Int Kerray<T>::firstIndexWithKey(const Key& key) const {
     if (dictionary_.count() == 0) return -1;
     const auto spot = dictionary_.spotOf(key);
     if (!dictionary_.boxAt(spot)) return -1;
-    if (const Int index = indexOfBoxAt(spot); index >= 0) return index;
+    if (const Int index = seeker_.indexAt(spot, dictionary_, array_); index >= 0) return index;
   }
   for (Int i = 0; i < count(); ++i) {
     if (ElementTraits<T>::key(array_.boxAt(i)->value) == key) return i;
   }
   return -1;
-}
-
-// Where the box at a spot of the dictionary stands, sought from where it was last seen. When the
-// elements have drifted so far that the seeking costs more than to note all indexes anew, that is
-// done.
-template <KeyedElement T>
-Int Kerray<T>::indexOfBoxAt(typename detail::KeyIndex<T>::Spot spot) const {
-  const Box* box = dictionary_.boxAt(spot);
-  const Int guess = dictionary_.lastIndexAt(spot);
-  if (array_.isAt(guess, box)) return guess;
-  const Int index = array_.findNear(box, guess);
-  if (index < 0) return index;
-  dictionary_.setLastIndexAt(spot, index);
-  searched_ += std::abs(index - guess);
-  if (searched_ > 512 * count()) {
-    searched_ = 0;
-    for (Int i = 0; i < count(); ++i) {
-      dictionary_.setLastIndexAt(dictionary_.spotOf(ElementTraits<T>::key(array_[i])), i);
-    }
-  }
-  return index;
-}
-
-template <KeyedElement T>
-void Kerray<T>::failOutOfBounds(std::string_view which, Int index) {
-  fatalFailure(std::string(which) + " index " + textForm(index) + " out of bounds.");
 }
 
 template <KeyedElement T>

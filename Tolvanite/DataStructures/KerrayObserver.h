@@ -11,8 +11,6 @@
 #include <Tolvanite/DataStructures/ElementArray.h>
 #include <Tolvanite/DataStructures/EventBlock.h>
 #include <Tolvanite/DataStructures/KeyedElement.h>
-#include <Tolvanite/DataStructures/WeaklyOwnedObject.h>
-#include <Tolvanite/DataStructures/detail/KeptDuringPasses.h>
 #include <Tolvanite/DataStructures/detail/KerrayFollower.h>
 #include <Tolvanite/Frame/Types.h>
 
@@ -24,9 +22,9 @@ class Kerray;
 /// The events of a `Kerray`, which is the first argument of every block. A block that is not set
 /// is not called. The elements of the batch events stand parallel to their indexes.
 template <KeyedElement T>
-class KerrayObserver final : public WeaklyOwnedObject {
+class KerrayObserver final : public detail::FollowingObserver<detail::KerrayFollower<T>> {
  public:
-  using WeaklyOwnedObject::WeaklyOwnedObject;
+  using detail::FollowingObserver<detail::KerrayFollower<T>>::FollowingObserver;
 
   EventBlock<void(Kerray<T>&)> replacedContent;
   EventBlock<void(Kerray<T>&)> removedAll;
@@ -50,16 +48,6 @@ class KerrayObserver final : public WeaklyOwnedObject {
   EventBlock<void(Kerray<T>&, const std::vector<Int>& fromIndexes, Int to,
                   const ElementArray<T>& elements)>
       movedMultiple;
-
- private:
-  template <KeyedElement U>
-  friend class Kerray;
-  template <EquatableKeyedElement U>
-  friend class OptionallyFilteredOptionallySortedArray_BasedOnKerray;
-
-  // A view in the place of the blocks. It is the owner, too, so it exists while the owner does.
-  detail::KerrayFollower<T>* follower_ = nullptr;
-  detail::KeptDuringPasses* view_ = nullptr;
 };
 
 }  // namespace tolvanite

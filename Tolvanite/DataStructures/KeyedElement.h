@@ -36,6 +36,12 @@ concept PointsToElement = !HasKeyFunction<T> && !HasKeyField<T> && requires(cons
   { pointer == nullptr } -> std::convertible_to<bool>;
 };
 
+// Pointers have a hash of their own, which is not the one that is meant.
+template <typename T>
+concept IsHashable = !PointsToElement<T> && requires(const T& element) {
+  { std::hash<T>{}(element) } -> std::convertible_to<std::size_t>;
+};
+
 }  // namespace detail
 
 /// How the collections see an element of type T. To be specialised for a type whose key is told by
@@ -68,12 +74,16 @@ struct ElementTraits {
     }
   }
 
-  static std::size_t hash(const T& element) {
-    if constexpr (detail::PointsToElement<T>) {
-      return ElementTraits<std::remove_cvref_t<decltype(*element)>>::hash(*element);
-    } else {
-      return std::hash<T>{}(element);
-    }
+  static std::size_t hash(const T& element)
+    requires detail::IsHashable<T>
+  {
+    return std::hash<T>{}(element);
+  }
+  static std::size_t hash(const T& pointer)
+    requires detail::PointsToElement<T>
+  {
+    if (pointer == nullptr) return 0;
+    return ElementTraits<std::remove_cvref_t<decltype(*pointer)>>::hash(*pointer);
   }
 };
 
@@ -94,10 +104,16 @@ concept EquatableKeyedElement = KeyedElement<T> && requires(const T& a, const T&
   { ElementTraits<T>::equal(a, b) } -> std::convertible_to<bool>;
 };
 
+/// An element with equality and a hash that agrees with it: what the set-shaped collections and the
+/// unique array ask for.
+template <typename T>
+concept HashableElement = std::movable<T> && requires(const T& a, const T& b) {
+  { ElementTraits<T>::equal(a, b) } -> std::convertible_to<bool>;
+  { ElementTraits<T>::hash(a) } -> std::convertible_to<std::size_t>;
+};
+
 /// A keyed element with equality and a hash that agrees with it.
 template <typename T>
-concept HashableEquatableKeyedElement = EquatableKeyedElement<T> && requires(const T& element) {
-  { ElementTraits<T>::hash(element) } -> std::convertible_to<std::size_t>;
-};
+concept HashableEquatableKeyedElement = EquatableKeyedElement<T> && HashableElement<T>;
 
 }  // namespace tolvanite

@@ -52,7 +52,7 @@
 #include <Tolvanite/DataStructures/Kerray.h>
 #include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerrayObserver.h>
 #include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>
-#include <Tolvanite/DataStructures/detail/FollowingArray.h>
+#include <Tolvanite/DataStructures/detail/PlacedArray.h>
 #include <Tolvanite/Frame/NamedSortBlock.h>
 
 namespace tolvanite {
@@ -65,6 +65,7 @@ using OptionallyFilteredOptionallySortedArray_BasedOnKerrayErrors = ArrayErrors;
 template <EquatableKeyedElement T>
 class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
     : public detail::KeptDuringPasses,
+      public detail::Described,
       private detail::KerrayFollower<T> {
  public:
   using value_type = T;
@@ -204,7 +205,7 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   SortBlock sortBlock_;
 
   bool hasOwnArray_ = false;
-  detail::FollowingArray<T> own_;
+  detail::PlacedArray<T> own_;
   // The number of the last change of the base that was heard of.
   std::uint64_t lastChange_ = 0;
 };
@@ -218,10 +219,7 @@ auto OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::make(
   auto view = owned(new OptionallyFilteredOptionallySortedArray_BasedOnKerray(
       std::move(baseKerray), std::move(filterBlock), std::move(sortBlock)));
   view->applyFilterAndSort();
-  view->baseKerray_->observers.createNew(view, [&](KerrayObserver<T>& observer) {
-    observer.follower_ = view.get();
-    observer.view_ = view.get();
-  });
+  view->baseKerray_->addFollower(view, *view);
   return view;
 }
 
@@ -455,10 +453,7 @@ void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::baseInsertedMulti
     if (sortBlock_) return insertSorted(elements);
     return forwardAsItCame();
   }
-  Store passing;
-  for (Int i = 0; i < elements.count(); ++i) {
-    if (filterBlockAtCreation_(elements.boxAt(i)->value)) passing.append(elements.handleAt(i));
-  }
+  Store passing = elements.passing(filterBlockAtCreation_);
   // A batch that passes as a whole is left out, deliberately.
   if (passing.count() == elements.count()) return;
   if (sortBlock_) return insertSorted(std::move(passing));
@@ -482,7 +477,7 @@ void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::baseInsertedMulti
 template <EquatableKeyedElement T>
 void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::insertSorted(Store elements) {
   detail::sortStably(elements, sortBlock_->sortBlock);
-  const std::vector<Int> indexes = own_.insertInOrder(elements, sortBlock_->sortBlock);
+  const std::vector<Int> indexes = own_.insertInOrder(elements, sortBlock_->sortBlock, true);
   tell(&Observer::insertedMultipleDistributed, indexes, elements);
 }
 
@@ -569,11 +564,12 @@ void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::insertBesideNeigh
 template <EquatableKeyedElement T>
 void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::updateInOrder(
     Int index, const Handle& element) {
-  const Optional<Int> movedTo = own_.updateInOrder(index, element, sortBlock_->sortBlock);
+  const Optional<Int> movedTo =
+      own_.updateInOrder(index, element, sortBlock_->sortBlock, detail::AmongTies::first);
   if (!movedTo) return tell(&Observer::updated, index, *element);
   observers.forEach([&](Observer& observer) {
-    if (observer.moved) observer.moved(*this, index, *movedTo, *element);
-    if (observer.updated) observer.updated(*this, *movedTo, *element);
+    detail::call(observer.moved, *this, index, *movedTo, *element);
+    detail::call(observer.updated, *this, *movedTo, *element);
   });
 }
 

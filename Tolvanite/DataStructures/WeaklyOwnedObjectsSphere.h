@@ -160,6 +160,12 @@ class WeaklyOwnedObjectsSphere {
 
 namespace detail {
 
+/// Calls a block where it is present.
+template <typename Event, typename... Arguments>
+void call(const Event& block, Arguments&&... arguments) {
+  if (block) block(std::forward<Arguments>(arguments)...);
+}
+
 /// Calls the block `event` of every observer that has one, in the order of registration.
 template <typename Observer, typename Event, typename... Arguments>
 void notify(const WeaklyOwnedObjectsSphere<Observer>& observers, Event Observer::* event,

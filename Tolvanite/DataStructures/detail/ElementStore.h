@@ -139,6 +139,17 @@ class ElementStore : public ElementArray<T> {
   }
   void removeAll() noexcept { this->content_ = {}; }
 
+  /// Those elements for which `filter` answers true, in their order.
+  template <typename Filter>
+  ElementStore passing(const Filter& filter) const {
+    const ElementStore all = *this;  // The filter may change the array that it is asked for.
+    ElementStore result;
+    for (BoxHeader* box : all.boxes()) {
+      if (filter(std::as_const(boxOf<T>(box)->value))) result.append(Handle<T>::sharing(box));
+    }
+    return result;
+  }
+
   /// The index of this very box, sought from `guess` outward; -1 if it is not among the `reach`
   /// elements on either side.
   Int findNear(const Box<T>* box, Int guess,

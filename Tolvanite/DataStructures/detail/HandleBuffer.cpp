@@ -30,6 +30,15 @@ std::uint32_t nextViewer() noexcept {
   return number;
 }
 
+std::uint64_t nextTableMultiplier() noexcept {
+  // The steps of splitmix64.
+  static std::atomic<std::uint64_t> state = 0;
+  std::uint64_t number = state += 0x9E3779B97F4A7C15u;
+  number = (number ^ number >> 30) * 0xBF58476D1CE4E5B9u;
+  number = (number ^ number >> 27) * 0x94D049BB133111EBu;
+  return (number ^ number >> 31) | 1;
+}
+
 HandleBuffer::HandleBuffer(const HandleBuffer& other) {
   reserve(other.count_);
   shift(first_, other.first_, other.count_);

@@ -47,6 +47,9 @@ class BoxHeader {
 /// A number of its own for each view that notes places.
 TOLVANITE_EXPORT std::uint32_t nextViewer() noexcept;
 
+/// An odd number of its own for each hash table that is to scatter its elements in its own way.
+TOLVANITE_EXPORT std::uint64_t nextTableMultiplier() noexcept;
+
 /// A growable array of box pointers with slack at both ends, so that an insertion or removal
 /// shifts the shorter side. It counts no references; its owner does. Indexes are not checked here.
 class TOLVANITE_EXPORT HandleBuffer {

@@ -1,23 +1,16 @@
-// How a view follows its base: as an observer in the registry, called in its turn like any other,
-// but told of the boxes and not of the elements in them. So a view shares its elements with the
-// base, and learns of an update also what the element was before.
+// What a view hears of the `Kerray` that it follows.
 #pragma once
 
-#include <cstdint>
 #include <vector>
 
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
+#include <Tolvanite/DataStructures/detail/Followed.h>
 
 namespace tolvanite::detail {
 
 template <typename T>
-class KerrayFollower {
+class KerrayFollower : public Follower {
  public:
-  /// Comes before each of the others, with the running number of the change: a gap in the numbers
-  /// tells that a later change was heard of first.
-  virtual void baseChanged(std::uint64_t change) = 0;
-  /// Comes when a block has thrown in one of the others.
-  virtual void baseChangeFailed() noexcept = 0;
   virtual void baseReplacedContent() = 0;
   virtual void baseRemovedAll() = 0;
   virtual void baseInserted(Int index, const Handle<T>& element) = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <ranges>
 #include <span>
 #include <utility>
@@ -28,19 +29,30 @@ void sortStably(ElementStore<T>& array, const OrderBlock<T>& isOrderedBefore) {
   });
 }
 
+/// Where an element goes among those that the sort block does not separate it from.
+enum class AmongTies {
+  first,         ///< Before all of them.
+  asStableSort,  ///< Where a stable sort of the array with the element in its old place puts it.
+};
+
 /// An array as it stands without one of its elements.
 template <typename T>
 class ArrayWithoutOne {
  public:
   ArrayWithoutOne(const ElementStore<T>& array, Int leftOut) : array_(array), leftOut_(leftOut) {}
 
-  /// The place before all elements that `value` ties with.
-  Int insertionIndex(const OrderBlock<T>& isOrderedBefore, const T& value) const {
-    return insertionIndexForSortedBy(std::views::iota(Int{0}, array_.count() - 1) |
-                                         std::views::transform([this](Int i) -> const T& {
-                                           return array_.boxAt(i < leftOut_ ? i : i + 1)->value;
-                                         }),
-                                     isOrderedBefore, value);
+  /// The place of `value`, which stood where the element is left out.
+  Int landing(const OrderBlock<T>& isOrderedBefore, const T& value, AmongTies amongTies) const {
+    const auto others = std::views::iota(Int{0}, array_.count() - 1) |
+                        std::views::transform([this](Int i) -> const T& {
+                          return array_.boxAt(i < leftOut_ ? i : i + 1)->value;
+                        });
+    const Int first = insertionIndexForSortedBy(others, isOrderedBefore, value);
+    if (amongTies == AmongTies::first || first >= leftOut_) return first;
+    // On its way forward it stays behind those that stood before it.
+    const Int behind = insertionIndexForSortedBy(
+        others, [&](const T& other, const T& it) { return !isOrderedBefore(it, other); }, value);
+    return std::clamp(behind, first, leftOut_);
   }
 
  private:
@@ -73,44 +85,64 @@ Int insertionIndexFrom(const ElementStore<T>& array, Int start,
   return low;
 }
 
-/// Inserts elements that stand in order into an array that stands in order, in one pass, with the
-/// result of inserting one after the other, each before its ties. `indexes` are the places at
-/// the moment of each insertion, `arranged` the elements in their final order, `places` their final
-/// places.
+/// Inserts elements into an array that stands in order, in one pass, with the result of inserting
+/// one after the other, each before its ties. `indexes` are the places at the moment of each
+/// insertion, `arranged` the elements in their final order, `places` their final places. A batch
+/// that is known to stand in order is not sorted again.
 template <typename T>
 struct OrderedInsertion {
-  OrderedInsertion(ElementStore<T>& array, const ElementStore<T>& sorted,
-                   const OrderBlock<T>& isOrderedBefore) {
-    const Int count = sorted.count();
-    std::vector<Int> gaps;
-    gaps.reserve(sorted.size());
-    indexes.reserve(sorted.size());
-    arranged = sorted;
-    const auto boxes = arranged.boxesToReorder();
-    Int gap = 0;
-    Int before = 0;  // how many of the new elements stand before the current one
-    Int tiesFrom = 0;
-    for (Int i = 0; i < count; ++i) {
-      const T& value = sorted.boxAt(i)->value;
-      gap = insertionIndexFrom(array, gap, isOrderedBefore, value);
-      if (i > 0 && isOrderedBefore(sorted.boxAt(i - 1)->value, value)) {
-        // Each of a run of ties goes before the one inserted just now.
-        std::reverse(boxes.begin() + tiesFrom, boxes.begin() + i);
-        tiesFrom = i;
-        before = i;
-      }
-      gaps.push_back(gap);
-      indexes.push_back(gap + before);
+  OrderedInsertion(ElementStore<T>& array, const ElementStore<T>& batch,
+                   const OrderBlock<T>& isOrderedBefore, bool isBatchSorted)
+      : indexes(batch.size()), earlier_(isBatchSorted ? 0 : batch.size() + 1) {
+    const std::size_t count = batch.size();
+    const auto value = [&](std::size_t i) -> const T& {
+      return batch.boxAt(static_cast<Int>(i))->value;
+    };
+    // The order in which the elements come to stand: each of a run of ties goes before the ones
+    // that were inserted before it.
+    std::vector<std::size_t> order(count);
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    if (!isBatchSorted) {
+      stableSort(std::span(order),
+                 [&](std::size_t a, std::size_t b) { return isOrderedBefore(value(a), value(b)); });
     }
-    std::reverse(boxes.begin() + tiesFrom, boxes.end());
+    std::vector<Int> gaps;
+    gaps.reserve(count);
+    Int gap = 0;
+    for (std::size_t from = 0, to = 0; from < count; from = to) {
+      do {
+        gap = insertionIndexFrom(array, gap, isOrderedBefore, value(order[to]));
+        indexes[order[to]] =
+            gap + (isBatchSorted ? static_cast<Int>(from) : countOfEarlier(order[to]));
+        gaps.push_back(gap);
+        ++to;
+      } while (to < count && !isOrderedBefore(value(order[to - 1]), value(order[to])));
+      for (std::size_t i = from; i < to && !isBatchSorted; ++i) addEarlier(order[i]);
+      std::reverse(order.begin() + static_cast<Int>(from), order.begin() + static_cast<Int>(to));
+    }
+    arranged.reserve(batch.count());
+    for (const std::size_t i : order) arranged.append(batch.handleAt(static_cast<Int>(i)));
     places = std::move(gaps);
-    for (Int i = 0; i < count; ++i) places[static_cast<std::size_t>(i)] += i;
+    for (std::size_t i = 0; i < count; ++i) places[i] += static_cast<Int>(i);
     array.insertEach(places, arranged);
   }
 
   std::vector<Int> indexes;
   ElementStore<T> arranged;
   std::vector<Int> places;
+
+ private:
+  // How many elements were added with a smaller number than `i`: a binary indexed tree.
+  Int countOfEarlier(std::size_t i) const {
+    Int count = 0;
+    for (; i > 0; i &= i - 1) count += earlier_[i];
+    return count;
+  }
+  void addEarlier(std::size_t i) {
+    for (++i; i < earlier_.size(); i += i & (~i + 1)) ++earlier_[i];
+  }
+
+  std::vector<Int> earlier_;
 };
 
 }  // namespace tolvanite::detail

@@ -1,9 +1,11 @@
-// The array of a view: boxes shared with the base, found again without scanning.
+// An array that notes in the boxes of its elements where it saw them last, and so finds them again
+// without scanning: that of a sorted collection, and that of a view, which shares its boxes with
+// the base.
 //
-// In step, the array holds at most one element of each key, those are in the base, and the places
-// noted in their boxes are true. Changes that come out of turn, as when an observer before the view
-// changes the base again, and repeated keys end that; a rebuild brings it back. Out of step all
-// questions are answered as well, by scanning.
+// A view's array is in step while it holds at most one element of each key, those are in the base,
+// and the places noted in their boxes are true. Changes that come out of turn, as when an observer
+// before the view changes the base again, and repeated keys end that; a rebuild brings it back. Out
+// of step all questions are answered as well, by scanning.
 #pragma once
 
 #include <algorithm>
@@ -18,7 +20,7 @@
 namespace tolvanite::detail {
 
 template <typename T>
-class FollowingArray {
+class PlacedArray {
  public:
   using Store = ElementStore<T>;
 
@@ -35,6 +37,12 @@ class FollowingArray {
     isInStep_ = isInStep;
     isInOrder_ = isInOrder;
     for (Int i = 0; i < elements_.count(); ++i) notePlace(elements_.boxAt(i), i);
+  }
+  /// Sorts by another block.
+  void sort(const OrderBlock<T>& isOrderedBefore) {
+    isInOrder_ = false;  // The block may throw.
+    sortStably(elements_, isOrderedBefore);
+    rebuild(std::move(elements_), isInStep_, true);
   }
   /// Notes that a base element is not here.
   void noteAbsence(const Box<T>* box) const noexcept { box->setPlaceInView(number_, -1); }
@@ -54,30 +62,31 @@ class FollowingArray {
     insert(place, element);
     return place;
   }
-  /// Inserts elements that stand in order, each as above; gives the place of each at the moment of
+  /// Inserts one element after the other, each as above; gives the place of each at the moment of
   /// its insertion. One pass.
-  std::vector<Int> insertInOrder(const Store& sorted, const OrderBlock<T>& isOrderedBefore) {
+  std::vector<Int> insertInOrder(const Store& batch, const OrderBlock<T>& isOrderedBefore,
+                                 bool isBatchSorted = false) {
     if (isInOrder_ && isOrderTrue(isOrderedBefore)) {
-      OrderedInsertion<T> insertion(elements_, sorted, isOrderedBefore);
-      for (Int i = 0; i < sorted.count(); ++i) {
+      OrderedInsertion<T> insertion(elements_, batch, isOrderedBefore, isBatchSorted);
+      for (Int i = 0; i < batch.count(); ++i) {
         notePlace(insertion.arranged.boxAt(i), insertion.places[static_cast<std::size_t>(i)]);
       }
       return std::move(insertion.indexes);
     }
     std::vector<Int> indexes;
-    indexes.reserve(sorted.size());
-    for (Int i = 0; i < sorted.count(); ++i) {
-      indexes.push_back(insertInOrder(sorted.handleAt(i), isOrderedBefore));
+    indexes.reserve(batch.size());
+    for (Int i = 0; i < batch.count(); ++i) {
+      indexes.push_back(insertInOrder(batch.handleAt(i), isOrderedBefore));
     }
     return indexes;
   }
   /// Puts an element in the place of its older self, which is at `place`, and moves it to where it
   /// belongs; gives that place, or absent when the element may stay.
   Optional<Int> updateInOrder(Int place, const Handle<T>& element,
-                              const OrderBlock<T>& isOrderedBefore) {
+                              const OrderBlock<T>& isOrderedBefore, AmongTies amongTies) {
     Optional<Int> to;
     if (!canElementStayAtIndex(elements_, *element, place, isOrderedBefore)) {
-      to = ArrayWithoutOne<T>(elements_, place).insertionIndex(isOrderedBefore, *element);
+      to = ArrayWithoutOne<T>(elements_, place).landing(isOrderedBefore, *element, amongTies);
     }
     elements_.replace(place, element);
     if (to) elements_.move(place, *to);
@@ -85,9 +94,27 @@ class FollowingArray {
     return to;
   }
   void removeAt(Int place) { elements_.removeAt(place); }
-  void removeAtIndexes(std::vector<Int> places) {
+  void removeAll() { rebuild({}, isInStep_, true); }
+  /// Removes at these places and gives the elements, highest place first.
+  Store removeAtIndexes(std::vector<Int> places) {
     std::ranges::sort(places);
-    elements_.removeAtAscending(places);
+    return elements_.removeAtAscending(places);
+  }
+
+  /// The index of this very box, or -1: near where it was noted, else near where its rank says,
+  /// else anywhere, since the content of an element held by pointer may have changed under the
+  /// order.
+  Int placeOf(const Box<T>* box, const OrderBlock<T>& isOrderedBefore) const {
+    constexpr Int near = 256;
+    Int guess = box->viewer() == number_ ? box->placeInView() : 0;
+    if (elements_.isAt(guess, box)) return guess;
+    Int place = elements_.findNear(box, guess, near);
+    if (place < 0) {
+      if (isInOrder_) guess = insertionIndexForSortedBy(elements_, isOrderedBefore, box->value);
+      place = elements_.findNear(box, guess);
+    }
+    if (place >= 0) notePlace(box, place);
+    return place;
   }
 
   /// The index of the first element that equals `element`, or -1, by scanning.
@@ -117,21 +144,6 @@ class FollowingArray {
     return std::ranges::is_sorted(elements_, isOrderedBefore);
   }
 
-  // The index of this very box, or -1: near where it was noted, else near where its rank says, else
-  // anywhere, since the content of an element held by pointer may have changed under the order.
-  Int placeOf(const Box<T>* box, const OrderBlock<T>& isOrderedBefore) const {
-    constexpr Int near = 256;
-    Int guess = box->viewer() == number_ ? box->placeInView() : 0;
-    if (elements_.isAt(guess, box)) return guess;
-    Int place = elements_.findNear(box, guess, near);
-    if (place < 0) {
-      if (isInOrder_) guess = insertionIndexForSortedBy(elements_, isOrderedBefore, box->value);
-      place = elements_.findNear(box, guess);
-    }
-    if (place >= 0) notePlace(box, place);
-    return place;
-  }
-
   // In step there is at most one, so it may be sought from `guess` outward; from 0 it is the first.
   Int findEqual(const T& element, Int guess) const {
     const auto isAt = [&](Int i) {
@@ -151,8 +163,8 @@ class FollowingArray {
 
   Store elements_;
   bool isInStep_ = false;
-  bool isInOrder_ = false;
-  const std::uint32_t number_ = nextViewer();
+  bool isInOrder_ = true;
+  std::uint32_t number_ = nextViewer();
 };
 
 }  // namespace tolvanite::detail

@@ -1,5 +1,5 @@
 // The key index against a map.
-#include <Tolvanite/DataStructures/detail/KeyIndex.h>
+#include <Tolvanite/DataStructures/detail/ElementTable.h>
 
 #include <compare>
 #include <unordered_map>

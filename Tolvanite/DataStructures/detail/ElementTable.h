@@ -1,6 +1,7 @@
-// The map from key to boxed element under the keyed collections. Keys are not copied; they are read
-// in the boxes. Beside each element stands the index that it was last seen at in its collection: a
-// hint, which is checked before it is believed.
+// The hash table of boxed elements under the collections that know their elements by a key or by
+// the elements themselves. Keys are not copied; they are read in the boxes. Beside each element
+// stands the index that it was last seen at in its collection: a hint, which is checked before it
+// is believed.
 //
 // It is a table of sixteen-byte slots that stand in the order of their hashes: an element goes to
 // the place that its hash is a fraction of, or as little behind it as the order allows. So a lookup
@@ -15,6 +16,7 @@
 #include <functional>
 #include <memory>
 #include <new>
+#include <span>
 #include <utility>
 
 #include <Tolvanite/DataStructures/KeyedElement.h>
@@ -22,10 +24,47 @@
 
 namespace tolvanite::detail {
 
+/// Elements known by their `key`.
 template <typename T>
-class KeyIndex {
- public:
+struct ByKey {
   using Key = KeyType<T>;
+  static constexpr bool isScattered = false;
+  static decltype(auto) keyOf(const T& element) { return ElementTraits<T>::key(element); }
+  static bool equal(const Key& a, const Key& b) { return a == b; }
+  static std::uint64_t hash(const Key& key) {
+    std::uint64_t hash = std::hash<Key>{}(key);
+    hash ^= hash >> 32;
+    return hash * 0x9E3779B97F4A7C15u;
+  }
+};
+
+/// Elements known by their own equality and hash. Sets are filled from one another, and must not
+/// have one order: all elements would pile up at the front of the one that grows. So each scatters
+/// its hashes in its own way.
+template <typename T>
+struct ByElement {
+  using Key = T;
+  static constexpr bool isScattered = true;
+  static const T& keyOf(const T& element) { return element; }
+  static bool equal(const T& a, const T& b) { return ElementTraits<T>::equal(a, b); }
+  static std::uint64_t hash(const T& element) {
+    std::uint64_t hash = ElementTraits<T>::hash(element);
+    hash = (hash ^ hash >> 32) * 0x9E3779B97F4A7C15u;
+    return hash ^ hash >> 32;
+  }
+};
+
+template <typename T, typename Keying>
+class ElementTable {
+ public:
+  using Key = typename Keying::Key;
+
+  // The rank is the inverted hash: the ranks descend, and an empty slot ranks below all.
+  struct Slot {
+    Box<T>* box;
+    std::uint32_t rank;
+    std::uint32_t lastIndex;
+  };
 
   /// A key's spot in the table: that of its element, or where one would go. Good until the next
   /// change.
@@ -34,13 +73,25 @@ class KeyIndex {
     std::uint32_t rank;
   };
 
-  KeyIndex() = default;
-  KeyIndex(KeyIndex&& other) noexcept { swap(other); }
-  KeyIndex& operator=(KeyIndex&& other) noexcept {
-    KeyIndex(std::move(other)).swap(*this);
+  ElementTable() = default;
+  ElementTable(const ElementTable& other)
+      : slots_(other.end_ == 0 ? nullptr : allocate(other.end_, nullptr)),
+        capacity_(other.capacity_),
+        extra_(other.extra_),
+        end_(other.end_),
+        count_(other.count_),
+        multiplier_(other.multiplier_) {
+    for (std::size_t i = 0; i < end_; ++i) {
+      slots_[i] = other.slots_[i];
+      if (slots_[i].box) slots_[i].box->references.add();
+    }
+  }
+  ElementTable(ElementTable&& other) noexcept { swap(other); }
+  ElementTable& operator=(ElementTable other) noexcept {
+    other.swap(*this);
     return *this;
   }
-  ~KeyIndex() {
+  ~ElementTable() {
     for (std::size_t i = 0; i < end_; ++i) {
       if (slots_[i].box) release<T>(slots_[i].box);
     }
@@ -50,6 +101,9 @@ class KeyIndex {
 
   /// The box stored for `key`, or null.
   Box<T>* find(const Key& key) const { return count_ == 0 ? nullptr : boxAt(spotOf(key)); }
+
+  /// The slots from the first to behind the last; some of them are empty.
+  std::span<const Slot> slots() const noexcept { return {slots_.get(), end_}; }
 
   /// Makes room for one more key.
   void reserveOne() {
@@ -72,7 +126,7 @@ class KeyIndex {
                std::size_t{slot[2].rank > rank} + std::size_t{slot[3].rank > rank};
     }
     while (slots_[i].box && slots_[i].rank == rank &&
-           !(ElementTraits<T>::key(slots_[i].box->value) == key)) {
+           !Keying::equal(Keying::keyOf(slots_[i].box->value), key)) {
       ++i;
     }
     return {i, rank};
@@ -102,15 +156,19 @@ class KeyIndex {
     if (i + stride >= end_) grow(capacity_, extra_ * 2);
   }
 
+  /// Stores a box in the place of the one at a spot, which it gives back.
+  Handle<T> replaceAt(Spot spot, Handle<T> handle) {
+    return Handle<T>::adopting(std::exchange(slots_[spot.slot].box, handle.leak()));
+  }
+
   /// Stores a box for its element's key, in the place of what was stored for it; true when there
   /// was nothing.
   bool set(Handle<T> handle, Int index) {
     reserveOne();
-    const Spot spot = spotOf(ElementTraits<T>::key(handle->value));
-    if (Box<T>* old = boxAt(spot)) {
-      slots_[spot.slot].box = handle.leak();
+    const Spot spot = spotOf(Keying::keyOf(handle->value));
+    if (boxAt(spot)) {
       setLastIndexAt(spot, index);
-      release<T>(old);
+      static_cast<void>(replaceAt(spot, std::move(handle)));
       return false;
     }
     insertAt(spot, std::move(handle), index);
@@ -134,22 +192,16 @@ class KeyIndex {
   }
 
  private:
-  // The rank is the inverted hash: the ranks descend, and an empty slot ranks below all.
-  struct Slot {
-    Box<T>* box;
-    std::uint32_t rank;
-    std::uint32_t lastIndex;
-  };
   static constexpr std::size_t stride = 4;
 
   struct Free {
     void operator()(Slot* slots) const noexcept { std::free(slots); }
   };
 
-  static std::uint32_t rankOf(const Key& key) {
-    std::uint64_t hash = std::hash<Key>{}(key);
-    hash ^= hash >> 32;
-    return ~static_cast<std::uint32_t>((hash * 0x9E3779B97F4A7C15u) >> 32);
+  std::uint32_t rankOf(const Key& key) const {
+    std::uint64_t hash = Keying::hash(key);
+    if constexpr (Keying::isScattered) hash *= multiplier_;
+    return ~static_cast<std::uint32_t>(hash >> 32);
   }
 
   std::size_t home(std::uint32_t rank) const noexcept {
@@ -157,12 +209,19 @@ class KeyIndex {
     return static_cast<std::size_t>((static_cast<std::uint64_t>(hash) * capacity_) >> 32);
   }
 
-  void swap(KeyIndex& other) noexcept {
+  void swap(ElementTable& other) noexcept {
     std::swap(slots_, other.slots_);
     std::swap(capacity_, other.capacity_);
     std::swap(extra_, other.extra_);
     std::swap(end_, other.end_);
     std::swap(count_, other.count_);
+    std::swap(multiplier_, other.multiplier_);
+  }
+
+  static Slot* allocate(std::size_t count, Slot* grown) {
+    auto* slots = static_cast<Slot*>(std::realloc(grown, count * sizeof(Slot)));
+    if (!slots) throw std::bad_alloc();
+    return slots;
   }
 
   // `extra` slots stand behind the last home, so that nothing wraps around; empty ones end them.
@@ -172,8 +231,7 @@ class KeyIndex {
   void grow(std::size_t capacity, std::size_t extra) {
     capacity = std::max<std::size_t>(16, capacity);
     const std::size_t end = capacity + extra + stride;
-    auto* slots = static_cast<Slot*>(std::realloc(slots_.get(), end * sizeof(Slot)));
-    if (!slots) throw std::bad_alloc();
+    Slot* slots = allocate(end, slots_.get());
     static_cast<void>(slots_.release());
     slots_.reset(slots);
     const std::size_t moved = end - end_;
@@ -199,6 +257,10 @@ class KeyIndex {
   std::size_t extra_ = 32;
   std::size_t end_ = 0;  // how many slots there are
   std::size_t count_ = 0;
+  std::uint64_t multiplier_ = Keying::isScattered ? nextTableMultiplier() : 1;
 };
+
+template <typename T>
+using KeyIndex = ElementTable<T, ByKey<T>>;
 
 }  // namespace tolvanite::detail
