@@ -8,6 +8,7 @@
 #include <Tolvanite/DataStructures/FilterSet.h>
 #include <Tolvanite/DataStructures/FilterSetObserver.h>
 #include <Tolvanite/DataStructures/Fountain.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/Kerray.h>
 #include <Tolvanite/DataStructures/KerrayErrur.h>
 #include <Tolvanite/DataStructures/KerrayObserver.h>
@@ -35,6 +36,7 @@
 #include <Tolvanite/DataStructures/Serray.h>
 #include <Tolvanite/DataStructures/SerrayErrur.h>
 #include <Tolvanite/DataStructures/SerrayObserver.h>
+#include <Tolvanite/DataStructures/SetCollection.h>
 #include <Tolvanite/DataStructures/SetErrur.h>
 #include <Tolvanite/DataStructures/SimpleValueWrapper.h>
 #include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>

@@ -19,6 +19,7 @@
 
 #include <Tolvanite/DataStructures/detail/Box.h>
 #include <Tolvanite/DataStructures/detail/BoxedRange.h>
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/Types.h>
@@ -33,37 +34,20 @@ class ElementArray {
  public:
   using value_type = T;
 
-  class Iterator {
+  /// A random-access iterator. Good until the array changes.
+  class Iterator : public detail::ConstRandomAccessIterator<Iterator, T> {
    public:
-    using value_type = T;
-    using difference_type = std::ptrdiff_t;
-    using reference = const T&;
-    using pointer = const T*;
-    using iterator_category = std::random_access_iterator_tag;
-
     Iterator() = default;
-    reference operator*() const noexcept { return box()->value; }
-    pointer operator->() const noexcept { return &**this; }
-    reference operator[](difference_type n) const noexcept { return *(*this + n); }
-    Iterator& operator++() noexcept { return *this += 1; }
-    Iterator& operator--() noexcept { return *this -= 1; }
-    Iterator operator++(int) noexcept { return Iterator(position_++); }
-    Iterator operator--(int) noexcept { return Iterator(position_--); }
-    Iterator& operator+=(difference_type n) noexcept {
+    const T& operator*() const noexcept { return box()->value; }
+    Iterator& operator+=(std::ptrdiff_t n) noexcept {
       position_ += n;
       return *this;
     }
-    Iterator& operator-=(difference_type n) noexcept {
-      position_ -= n;
-      return *this;
-    }
-    friend Iterator operator+(Iterator i, difference_type n) noexcept { return i += n; }
-    friend Iterator operator+(difference_type n, Iterator i) noexcept { return i += n; }
-    friend Iterator operator-(Iterator i, difference_type n) noexcept { return i -= n; }
-    friend difference_type operator-(Iterator a, Iterator b) noexcept {
+    friend std::ptrdiff_t operator-(Iterator a, Iterator b) noexcept {
       return a.position_ - b.position_;
     }
-    auto operator<=>(const Iterator&) const = default;
+    bool operator==(const Iterator& other) const noexcept { return position_ == other.position_; }
+    auto operator<=>(const Iterator& other) const noexcept { return position_ <=> other.position_; }
 
    private:
     friend class ElementArray;

@@ -23,6 +23,7 @@
 
 #include <Tolvanite/DataStructures/KeyedElement.h>
 #include <Tolvanite/DataStructures/detail/BoxedRange.h>
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 #include <Tolvanite/DataStructures/detail/SharedTable.h>
 #include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/Types.h>
@@ -38,26 +39,17 @@ class ElementSet {
  public:
   using value_type = T;
 
-  class Iterator {
+  /// A forward iterator. Good until the set changes.
+  class Iterator : public detail::ConstIterator<Iterator, T> {
    public:
-    using value_type = T;
-    using difference_type = std::ptrdiff_t;
-    using reference = const T&;
-    using pointer = const T*;
-    using iterator_category = std::forward_iterator_tag;
+    using detail::ConstIterator<Iterator, T>::operator++;
 
     Iterator() = default;
-    reference operator*() const noexcept { return slot_->box->value; }
-    pointer operator->() const noexcept { return &**this; }
+    const T& operator*() const noexcept { return slot_->box->value; }
     Iterator& operator++() noexcept {
       ++slot_;
       skipEmpty();
       return *this;
-    }
-    Iterator operator++(int) noexcept {
-      const Iterator before = *this;
-      ++*this;
-      return before;
     }
     bool operator==(const Iterator& other) const noexcept { return slot_ == other.slot_; }
 

@@ -39,6 +39,7 @@
 #include <Tolvanite/DataStructures/WeaklyOwnedObjectsSphere.h>
 #include <Tolvanite/DataStructures/detail/CollectionTexts.h>
 #include <Tolvanite/DataStructures/detail/ElementSetStore.h>
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 #include <Tolvanite/DataStructures/detail/ValueCollection.h>
 #include <Tolvanite/Diagnostics/PrintLine.h>
 #include <Tolvanite/Frame/Fatal.h>
@@ -60,26 +61,16 @@ class FilterSet : public detail::Described {
   using FilterBlock = Block<bool(const T&)>;
 
   /// Goes over the in set and then the out set, as they stood at the beginning.
-  class Iterator {
+  class Iterator : public detail::ConstIterator<Iterator, T> {
    public:
-    using value_type = T;
-    using difference_type = std::ptrdiff_t;
-    using reference = const T&;
-    using pointer = const T*;
-    using iterator_category = std::forward_iterator_tag;
+    using detail::ConstIterator<Iterator, T>::operator++;
 
     Iterator() = default;
-    reference operator*() const noexcept { return *position_; }
-    pointer operator->() const noexcept { return &*position_; }
+    const T& operator*() const noexcept { return *position_; }
     Iterator& operator++() noexcept {
       ++position_;
       crossOver();
       return *this;
-    }
-    Iterator operator++(int) {
-      Iterator before = *this;
-      ++*this;
-      return before;
     }
     bool operator==(const Iterator& other) const noexcept { return position_ == other.position_; }
     bool operator==(std::default_sentinel_t /*end*/) const noexcept {

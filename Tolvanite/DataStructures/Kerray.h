@@ -32,6 +32,7 @@
 #include <vector>
 
 #include <Tolvanite/DataStructures/ElementArray.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/KerrayErrur.h>
 #include <Tolvanite/DataStructures/KerrayObserver.h>
 #include <Tolvanite/DataStructures/KeyedElement.h>
@@ -40,7 +41,6 @@
 #include <Tolvanite/DataStructures/detail/ElementTable.h>
 #include <Tolvanite/DataStructures/detail/Followed.h>
 #include <Tolvanite/DataStructures/detail/IndexSeeker.h>
-#include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/Passes.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/Optional.h>
@@ -55,9 +55,10 @@ namespace tolvanite {
 template <KeyedElement T>
 class Kerray final
     : public detail::Followed<Kerray<T>, KerrayObserver<T>, detail::KerrayFollower<T>>,
-      public detail::Described {
+      public IndexedCollection<Kerray<T>, T> {
  public:
-  using value_type = T;
+  using IndexedCollection<Kerray, T>::count;
+  using IndexedCollection<Kerray, T>::isEmpty;
   using Key = KeyType<T>;
   using Observer = KerrayObserver<T>;
   using Errur = KerrayErrur;
@@ -75,8 +76,6 @@ class Kerray final
 
   /// The content in order. Copying it costs one reference, and the copy keeps the content as it is.
   const ElementArray<T>& array() const noexcept { return array_; }
-  bool isEmpty() const noexcept { return array_.isEmpty(); }
-  Int count() const noexcept { return array_.count(); }
 
   /// Whether an element with the same key is present; the element itself is not compared.
   bool contains(const T& element) const { return containsWith(ElementTraits<T>::key(element)); }
@@ -98,17 +97,8 @@ class Kerray final
     return index < 0 ? Optional<Int>() : Optional<Int>(index);
   }
 
-  /// The element at `index`.
-  const T& operator[](Int index) const { return array_[index]; }
+  /// The element at `index`; out of range is fatal.
   const T& atIndex(Int index) const { return array_[index]; }
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<Kerray> begin() const noexcept { return {*this, 0}; }
-  std::default_sentinel_t end() const noexcept { return {}; }
 
   /// "OrderedSet(count: N, elements: <none>)" or "... <not CustomStringConvertible>)": this form
   /// never shows elements, deliberately; `description2` does.
@@ -207,6 +197,7 @@ class Kerray final
   ElementArray<T> removeAtIndexes(std::vector<Int> indexes);
 
  private:
+  friend class IndexedCollection<Kerray, T>;
   template <EquatableKeyedElement U>
   friend class OptionallyFilteredOptionallySortedArray_BasedOnKerray;
   template <HashableEquatableKeyedElement U>
@@ -218,6 +209,8 @@ class Kerray final
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
   using Store = detail::ElementStore<T>;
+
+  const ElementArray<T>& shownArray() const noexcept { return array_; }
 
   Kerray() = default;
   ~Kerray() override = default;

@@ -32,12 +32,12 @@
 #include <Tolvanite/DataStructures/ElementArray.h>
 #include <Tolvanite/DataStructures/ElementSet.h>
 #include <Tolvanite/DataStructures/ObservableSetObserver.h>
+#include <Tolvanite/DataStructures/SetCollection.h>
 #include <Tolvanite/DataStructures/SetErrur.h>
 #include <Tolvanite/DataStructures/detail/CollectionTexts.h>
 #include <Tolvanite/DataStructures/detail/ElementSetStore.h>
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
 #include <Tolvanite/DataStructures/detail/Followed.h>
-#include <Tolvanite/DataStructures/detail/KeptIterator.h>
 #include <Tolvanite/Diagnostics/PrintLine.h>
 #include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/TextForm.h>
@@ -49,9 +49,8 @@ namespace tolvanite {
 template <HashableElement T>
 class ObservableSet final : public detail::Followed<ObservableSet<T>, ObservableSetObserver<T>,
                                                     detail::ObservableSetFollower<T>>,
-                            public detail::Described {
+                            public SetCollection<ObservableSet<T>, T> {
  public:
-  using value_type = T;
   using Observer = ObservableSetObserver<T>;
   using Errur = SetErrur;
 
@@ -68,30 +67,8 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
 
   /// The content. Copying it costs one reference, and the copy keeps the content as it is.
   const ElementSet<T>& elements() const noexcept { return elements_; }
-  bool isEmpty() const noexcept { return elements_.isEmpty(); }
-  Int count() const noexcept { return elements_.count(); }
-  /// The same for the standard ranges.
-  std::size_t size() const noexcept { return elements_.size(); }
-
-  bool contains(const T& element) const { return elements_.contains(element); }
-  /// The stored element that equals this one, or absent.
-  Optional<T> operator[](const T& element) const {
-    const T* stored = find(element);
-    return stored ? Optional<T>(*stored) : Optional<T>();
-  }
-  /// The same without a copy: null when absent, good until the next change.
-  const T* find(const T& element) const { return elements_.find(element); }
-
-  /// Goes over the elements as they stand at the call, whatever changes meanwhile; their order is
-  /// free.
-  detail::KeptIterator<ElementSet<T>> begin() const {
-    return detail::KeptIterator<ElementSet<T>>(elements_);
-  }
-  std::default_sentinel_t end() const noexcept { return {}; }
-  detail::KeptIterator<ElementSet<T>> makeIterator() const { return begin(); }
-
   /// "ObservableSet(count=N)".
-  std::string description() const { return "ObservableSet(count=" + textForm(count()) + ")"; }
+  std::string description() const { return "ObservableSet(count=" + textForm(this->count()) + ")"; }
 
   // Changing
 
@@ -122,6 +99,7 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   ElementSet<T> remove(const ElementArray<T>& elements);
 
  private:
+  friend class SetCollection<ObservableSet, T>;
   template <HashableElement U>
   friend class OptionallyFilteredSet_BasedOnObservableSet;
   template <HashableEquatableKeyedElement U>
@@ -132,6 +110,8 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   using Followed::tell;
   using Handle = detail::Handle<T>;
   using Store = detail::ElementSetStore<T>;
+
+  const ElementSet<T>& shownSet() const noexcept { return elements_; }
 
   explicit ObservableSet(ElementSet<T> elements) : elements_(std::move(elements)) {}
   ~ObservableSet() override = default;

@@ -28,10 +28,10 @@
 #include <vector>
 
 #include <Tolvanite/DataStructures/ArrayErrors.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/ObservableSet.h>
 #include <Tolvanite/DataStructures/OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetObserver.h>
 #include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>
-#include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/PlacedArray.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/NamedSortBlock.h>
@@ -47,10 +47,10 @@ using OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetErrors = ArrayErro
 template <HashableEquatableKeyedElement T>
 class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
     : public detail::KeptDuringPasses,
-      public detail::Described,
+      public IndexedCollection<OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet<T>, T>,
       private detail::ObservableSetFollower<T> {
  public:
-  using value_type = T;
+  using IndexedCollection<OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet, T>::count;
   using Observer = OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetObserver<T>;
   using Errors = OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetErrors;
   /// True for the elements that the view shows; an empty block stands for no filter.
@@ -82,20 +82,6 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
 
   /// The content in order. Copying it costs one reference, and the copy keeps the content as it is.
   const ElementArray<T>& array() const noexcept { return own_.elements(); }
-  bool isEmpty() const noexcept { return array().isEmpty(); }
-  Int count() const noexcept { return array().count(); }
-  /// The element at `index`; out of range is fatal.
-  const T& operator[](Int index) const { return array()[index]; }
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet> begin()
-      const noexcept {
-    return {*this, 0};
-  }
-  std::default_sentinel_t end() const noexcept { return {}; }
 
   /// "OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet(sortBlock:CODE, count: N, elements:
   /// ...)" with at most the first five elements.
@@ -105,6 +91,7 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
   }
 
  private:
+  friend class IndexedCollection<OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet, T>;
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
   using Store = detail::ElementStore<T>;
@@ -131,6 +118,7 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
   void baseRemoved(const T& element, const Handle& removed) override;
   void baseRemovedMultiple(const ElementSet<T>& removed) override;
 
+  const ElementArray<T>& shownArray() const noexcept { return own_.elements(); }
   bool passes(const T& element) const { return !filterBlock_ || filterBlock_(element); }
   const typename NamedSortBlock<T>::SortBlock& order() const { return sortBlock_.sortBlock; }
   template <typename Event, typename... Arguments>

@@ -49,6 +49,7 @@
 #include <vector>
 
 #include <Tolvanite/DataStructures/ArrayErrors.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/Kerray.h>
 #include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerrayObserver.h>
 #include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>
@@ -65,10 +66,11 @@ using OptionallyFilteredOptionallySortedArray_BasedOnKerrayErrors = ArrayErrors;
 template <EquatableKeyedElement T>
 class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
     : public detail::KeptDuringPasses,
-      public detail::Described,
+      public IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>, T>,
       private detail::KerrayFollower<T> {
  public:
-  using value_type = T;
+  using IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray, T>::count;
+  using IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray, T>::isEmpty;
   using Key = KeyType<T>;
   using Observer = OptionallyFilteredOptionallySortedArray_BasedOnKerrayObserver<T>;
   using Errors = OptionallyFilteredOptionallySortedArray_BasedOnKerrayErrors;
@@ -100,14 +102,8 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
 
   // Reading
 
-  bool isEmpty() const noexcept { return shown().isEmpty(); }
-  Int count() const noexcept { return shown().count(); }
-  /// The element at `index`; out of range is fatal.
-  const T& operator[](Int index) const { return shown()[index]; }
   /// The element at `index`, or absent when that is not below the count.
-  Optional<T> atIndex(Int index) const {
-    return index < count() ? Optional<T>((*this)[index]) : Optional<T>();
-  }
+  Optional<T> atIndex(Int index) const { return this->elementIfAt(index); }
   /// With a filter or sort order, whether an equal element is shown; else whether the base has its
   /// key.
   bool contains(const T& element) const;
@@ -115,16 +111,6 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   bool containsElementWithKey(const Key& key) const;
   /// As the base tells. Fatal with a filter or sort order, with the text "llll".
   Optional<Int> indexOf(const T& element) const;
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<OptionallyFilteredOptionallySortedArray_BasedOnKerray> begin()
-      const noexcept {
-    return {*this, 0};
-  }
-  std::default_sentinel_t end() const noexcept { return {}; }
 
   /// "OptionallyFilteredOptionallySortedArray_BasedOnKerray(sortBlock:CODE, count: N, elements:
   /// ...)" with at most the first ten elements, and "n/a" where there is no sort block.
@@ -147,6 +133,7 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   void removeAll() { baseKerray_->removeAll(); }
 
  private:
+  friend class IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray, T>;
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
   using Store = detail::ElementStore<T>;
@@ -172,7 +159,7 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   void baseMovedMultiple(const std::vector<Int>& fromIndexes, Int to,
                          const Store& elements) override;
 
-  const ElementArray<T>& shown() const noexcept {
+  const ElementArray<T>& shownArray() const noexcept {
     return hasOwnArray_ ? own_.elements() : baseKerray_->array();
   }
   bool passes(const T& element) const { return !filterBlock_ || filterBlock_(element); }

@@ -28,9 +28,9 @@
 #include <Tolvanite/DataStructures/ElementSet.h>
 #include <Tolvanite/DataStructures/Kerray.h>
 #include <Tolvanite/DataStructures/OptionallyFilteredSet_BasedOnKerrayObserver.h>
+#include <Tolvanite/DataStructures/SetCollection.h>
 #include <Tolvanite/DataStructures/UpdateOfPossiblyFilteredElementCase.h>
 #include <Tolvanite/DataStructures/detail/ElementSetStore.h>
-#include <Tolvanite/DataStructures/detail/KeptIterator.h>
 #include <Tolvanite/Frame/Fatal.h>
 
 namespace tolvanite {
@@ -38,11 +38,11 @@ namespace tolvanite {
 /// A reference type, made by `make`; it keeps its base alive and shares its elements. Every change
 /// of one element is followed at the cost of one look into a hash table; moves change nothing.
 template <HashableEquatableKeyedElement T>
-class OptionallyFilteredSet_BasedOnKerray final : public detail::KeptDuringPasses,
-                                                  public detail::Described,
-                                                  private detail::KerrayFollower<T> {
+class OptionallyFilteredSet_BasedOnKerray final
+    : public detail::KeptDuringPasses,
+      public SetCollection<OptionallyFilteredSet_BasedOnKerray<T>, T>,
+      private detail::KerrayFollower<T> {
  public:
-  using value_type = T;
   using Observer = OptionallyFilteredSet_BasedOnKerrayObserver<T>;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
@@ -75,26 +75,14 @@ class OptionallyFilteredSet_BasedOnKerray final : public detail::KeptDuringPasse
 
   // Reading
 
-  bool isEmpty() const noexcept { return inSet_.isEmpty(); }
-  Int count() const noexcept { return inSet_.count(); }
-  /// The same for the standard ranges.
-  std::size_t size() const noexcept { return inSet_.size(); }
-  bool contains(const T& element) const { return inSet_.contains(element); }
-
-  /// Goes over the elements as they stand at the call, whatever changes meanwhile; their order is
-  /// free.
-  detail::KeptIterator<ElementSet<T>> begin() const {
-    return detail::KeptIterator<ElementSet<T>>(inSet_);
-  }
-  std::default_sentinel_t end() const noexcept { return {}; }
-
   /// "FilterSet(in N of total M)".
   std::string description() const {
-    return "FilterSet(in " + textForm(count()) + " of total " + textForm(baseKerray_->count()) +
-           ")";
+    return "FilterSet(in " + textForm(this->count()) + " of total " +
+           textForm(baseKerray_->count()) + ")";
   }
 
  private:
+  friend class SetCollection<OptionallyFilteredSet_BasedOnKerray, T>;
   using Handle = detail::Handle<T>;
   using Store = detail::ElementStore<T>;
   using SetStore = detail::ElementSetStore<T>;
@@ -127,6 +115,7 @@ class OptionallyFilteredSet_BasedOnKerray final : public detail::KeptDuringPasse
                          const Store& /*elements*/) override {}
 
   void baseInsertedMultiple(const Store& elements);
+  const ElementSet<T>& shownSet() const noexcept { return inSet_; }
   void rebuild() {
     const Store base(baseKerray_->array());
     inSet_ = SetStore(ElementSet<T>(filterBlock_ ? base.passing(filterBlock_) : base));

@@ -35,11 +35,11 @@ namespace tolvanite {
 /// reads the base; with one it shares its elements with the base. Every change is followed at the
 /// cost of one look into a hash table.
 template <HashableElement T>
-class OptionallyFilteredSet_BasedOnObservableSet final : public detail::KeptDuringPasses,
-                                                         public detail::Described,
-                                                         private detail::ObservableSetFollower<T> {
+class OptionallyFilteredSet_BasedOnObservableSet final
+    : public detail::KeptDuringPasses,
+      public SetCollection<OptionallyFilteredSet_BasedOnObservableSet<T>, T>,
+      private detail::ObservableSetFollower<T> {
  public:
-  using value_type = T;
   using Observer = OptionallyFilteredSet_BasedOnObservableSetObserver<T>;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
@@ -73,29 +73,11 @@ class OptionallyFilteredSet_BasedOnObservableSet final : public detail::KeptDuri
 
   // Reading
 
-  bool isEmpty() const noexcept { return shown().isEmpty(); }
-  Int count() const noexcept { return shown().count(); }
-  /// The same for the standard ranges.
-  std::size_t size() const noexcept { return shown().size(); }
-  bool contains(const T& element) const { return shown().contains(element); }
-  /// The shown element that equals this one, or absent. With a filter its content may be old.
-  Optional<T> operator[](const T& element) const {
-    const T* stored = shown().find(element);
-    return stored ? Optional<T>(*stored) : Optional<T>();
-  }
-
-  /// Goes over the elements as they stand at the call, whatever changes meanwhile.
-  detail::KeptIterator<ElementSet<T>> begin() const {
-    return detail::KeptIterator<ElementSet<T>>(shown());
-  }
-  std::default_sentinel_t end() const noexcept { return {}; }
-  detail::KeptIterator<ElementSet<T>> makeIterator() const { return begin(); }
-
   /// "OptionallyFilteredSet_BasedOnObservableSet(in count N, total count M)", or "...(NO FILTER,
   /// total count M)".
   std::string description() const {
     return "OptionallyFilteredSet_BasedOnObservableSet(" +
-           (filterBlock_ ? "in count " + textForm(count()) : "NO FILTER") + ", total count " +
+           (filterBlock_ ? "in count " + textForm(this->count()) : "NO FILTER") + ", total count " +
            textForm(baseSet_->count()) + ")";
   }
 
@@ -109,6 +91,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final : public detail::KeptDuri
   }
 
  private:
+  friend class SetCollection<OptionallyFilteredSet_BasedOnObservableSet, T>;
   using Handle = detail::Handle<T>;
   using Store = detail::ElementSetStore<T>;
 
@@ -129,7 +112,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final : public detail::KeptDuri
   void baseRemoved(const T& element, const Handle& removed) override;
   void baseRemovedMultiple(const ElementSet<T>& removed) override;
 
-  const ElementSet<T>& shown() const noexcept {
+  const ElementSet<T>& shownSet() const noexcept {
     return filterBlock_ ? *inElements_ : baseSet_->elements();
   }
   void applyFilter() {

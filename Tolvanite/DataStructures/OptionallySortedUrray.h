@@ -31,13 +31,13 @@
 
 #include <Tolvanite/DataStructures/ArrayErrors.h>
 #include <Tolvanite/DataStructures/ElementArray.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/KeyedElement.h>
 #include <Tolvanite/DataStructures/OptionallySortedUrrayObserver.h>
 #include <Tolvanite/DataStructures/WeaklyOwnedObjectsSphere.h>
 #include <Tolvanite/DataStructures/detail/CollectionTexts.h>
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
 #include <Tolvanite/DataStructures/detail/IndexSeeker.h>
-#include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/PlacedArray.h>
 #include <Tolvanite/DataStructures/detail/SharedTable.h>
 #include <Tolvanite/DataStructures/detail/ValueCollection.h>
@@ -51,9 +51,9 @@ namespace tolvanite {
 /// an operation says otherwise; one that is out of range is fatal, unless an operation says
 /// otherwise.
 template <KeyedElement T>
-class OptionallySortedUrray : public detail::Described {
+class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>, T> {
  public:
-  using value_type = T;
+  using IndexedCollection<OptionallySortedUrray, T>::count;
   using Key = KeyType<T>;
   using Observer = OptionallySortedUrrayObserver<T>;
   using ArrayErrors = tolvanite::ArrayErrors;
@@ -78,8 +78,6 @@ class OptionallySortedUrray : public detail::Described {
   const ElementArray<T>& sortedArray() const noexcept {
     return isSorted() ? sorted_.elements() : natural_;
   }
-  bool isEmpty() const noexcept { return natural_.isEmpty(); }
-  Int count() const noexcept { return natural_.count(); }
 
   /// Whether an element with the same key is present; the element itself is not compared.
   bool contains(const T& element) const {
@@ -102,17 +100,7 @@ class OptionallySortedUrray : public detail::Described {
   }
   Optional<Int> indexWith(const Key& key) const { return indexOfKey(key); }
   /// The element at `index`, or absent when that is not below the count.
-  Optional<T> atIndex(Int index) const {
-    return index < count() ? Optional<T>((*this)[index]) : Optional<T>();
-  }
-  const T& operator[](Int index) const { return sortedArray()[index]; }
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<OptionallySortedUrray> begin() const noexcept { return {*this, 0}; }
-  std::default_sentinel_t end() const noexcept { return {}; }
+  Optional<T> atIndex(Int index) const { return this->elementIfAt(index); }
 
   /// "OptionallySortedUrray(sortBlock:CODE, count: N, elements: ...)" with at most the first five
   /// elements, and "n/a" where there is no sort block.
@@ -158,10 +146,12 @@ class OptionallySortedUrray : public detail::Described {
   Optional<T> removeElementWithKey(const Key& key);
 
  private:
+  friend class IndexedCollection<OptionallySortedUrray, T>;
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
   using Table = detail::SharedTable<T, detail::ByKey<T>>;
 
+  const ElementArray<T>& shownArray() const noexcept { return sortedArray(); }
   bool isSorted() const noexcept { return sortBlock_ && *sortBlock_; }
   const typename NamedSortBlock<T>::SortBlock& order() const { return (*sortBlock_)->sortBlock; }
   template <typename Event, typename... Arguments>

@@ -26,6 +26,7 @@
 #include <utility>
 
 #include <Tolvanite/DataStructures/ElementArray.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/KeyedElement.h>
 #include <Tolvanite/DataStructures/SerrayErrur.h>
 #include <Tolvanite/DataStructures/SerrayObserver.h>
@@ -33,7 +34,6 @@
 #include <Tolvanite/DataStructures/detail/CollectionTexts.h>
 #include <Tolvanite/DataStructures/detail/ElementTable.h>
 #include <Tolvanite/DataStructures/detail/KeptDuringPasses.h>
-#include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/PlacedArray.h>
 #include <Tolvanite/Frame/NamedSortBlock.h>
 #include <Tolvanite/Frame/Optional.h>
@@ -45,9 +45,9 @@ namespace tolvanite {
 /// fatal, unless an operation says otherwise. Elements that are held by pointer and change their
 /// rank are to be updated, one by one: only the updated element is put in its place.
 template <KeyedElement T>
-class Serray final : public detail::KeptDuringPasses, public detail::Described {
+class Serray final : public detail::KeptDuringPasses, public IndexedCollection<Serray<T>, T> {
  public:
-  using value_type = T;
+  using IndexedCollection<Serray, T>::count;
   using Key = KeyType<T>;
   using Observer = SerrayObserver<T>;
   using Errur = SerrayErrur;
@@ -66,8 +66,6 @@ class Serray final : public detail::KeptDuringPasses, public detail::Described {
 
   /// The content in order. Copying it costs one reference, and the copy keeps the content as it is.
   const ElementArray<T>& array() const noexcept { return array_.elements(); }
-  bool isEmpty() const noexcept { return array().isEmpty(); }
-  Int count() const noexcept { return array().count(); }
 
   /// Whether an element with the same key is present; the element itself is not compared.
   bool contains(const T& element) const { return containsWith(ElementTraits<T>::key(element)); }
@@ -86,17 +84,7 @@ class Serray final : public detail::KeptDuringPasses, public detail::Described {
     return box ? Optional<Int>(indexOfBox(box)) : Optional<Int>();
   }
   /// The element at `index`, or absent when that is not below the count.
-  Optional<T> atIndex(Int index) const {
-    return index < count() ? Optional<T>(array()[index]) : Optional<T>();
-  }
-  const T& operator[](Int index) const { return array()[index]; }
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<Serray> begin() const noexcept { return {*this, 0}; }
-  std::default_sentinel_t end() const noexcept { return {}; }
+  Optional<T> atIndex(Int index) const { return this->elementIfAt(index); }
 
   /// "Serray(count: N, elements: ...)" with the elements, if they have a text form; of six and more
   /// none is shown, but ", ..." alone, deliberately.
@@ -127,8 +115,11 @@ class Serray final : public detail::KeptDuringPasses, public detail::Described {
   Optional<T> removeWith(const Key& key);
 
  private:
+  friend class IndexedCollection<Serray, T>;
   using Handle = detail::Handle<T>;
   using Box = detail::Box<T>;
+
+  const ElementArray<T>& shownArray() const noexcept { return array_.elements(); }
 
   Serray() = default;
   ~Serray() override = default;

@@ -27,6 +27,7 @@
 
 #include <Tolvanite/DataStructures/ElementArray.h>
 #include <Tolvanite/DataStructures/ElementSet.h>
+#include <Tolvanite/DataStructures/IndexedCollection.h>
 #include <Tolvanite/DataStructures/OrderedSetErrors.h>
 #include <Tolvanite/DataStructures/UrrayObserver.h>
 #include <Tolvanite/DataStructures/WeaklyOwnedObjectsSphere.h>
@@ -34,7 +35,6 @@
 #include <Tolvanite/DataStructures/detail/ElementSetStore.h>
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
 #include <Tolvanite/DataStructures/detail/IndexSeeker.h>
-#include <Tolvanite/DataStructures/detail/LiveIterator.h>
 #include <Tolvanite/DataStructures/detail/ValueCollection.h>
 #include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/Types.h>
@@ -44,9 +44,9 @@ namespace tolvanite {
 /// A value type; n is its count in the costs below. An index out of range is fatal, unless an
 /// operation says otherwise.
 template <UrrayType T>
-class Urray : public detail::Described {
+class Urray : public IndexedCollection<Urray<T>, T> {
  public:
-  using value_type = T;
+  using IndexedCollection<Urray, T>::count;
   using Observer = UrrayObserver<T>;
 
   /// The registry of whoever wants to hear of changes. Copies of the array start with the same.
@@ -58,8 +58,6 @@ class Urray : public detail::Described {
   const ElementArray<T>& array() const noexcept { return array_; }
   /// The same elements as a set.
   const ElementSet<T>& keys() const noexcept { return keys_; }
-  bool isEmpty() const noexcept { return array_.isEmpty(); }
-  Int count() const noexcept { return array_.count(); }
 
   /// Constant on the average.
   bool contains(const T& element) const { return keys_.contains(element); }
@@ -70,17 +68,7 @@ class Urray : public detail::Described {
     return index < 0 ? Optional<Int>() : Optional<Int>(index);
   }
   /// The element at `index`, or absent when that is not below the count.
-  Optional<T> atIndex(Int index) const {
-    return index < count() ? Optional<T>(array_[index]) : Optional<T>();
-  }
-  const T& operator[](Int index) const { return array_[index]; }
-
-  Int startIndex() const noexcept { return 0; }
-  Int endIndex() const noexcept { return count(); }
-  Int indexAfter(Int index) const noexcept { return index + 1; }
-  /// Reads the current content at each step: a change during an iteration is seen.
-  detail::LiveIterator<Urray> begin() const noexcept { return {*this, 0}; }
-  std::default_sentinel_t end() const noexcept { return {}; }
+  Optional<T> atIndex(Int index) const { return this->elementIfAt(index); }
 
   /// "OrderedSet(count: N, elements: ...)" with at most the first five elements.
   std::string description() const {
@@ -115,8 +103,10 @@ class Urray : public detail::Described {
   Optional<T> removeElementAtIndex(Int index);
 
  private:
+  friend class IndexedCollection<Urray, T>;
   using Handle = detail::Handle<T>;
 
+  const ElementArray<T>& shownArray() const noexcept { return array_; }
   template <typename Event, typename... Arguments>
   void tell(Event Observer::* event, const Arguments&... arguments) const {
     detail::notifyWithCopy(*this, event, arguments...);

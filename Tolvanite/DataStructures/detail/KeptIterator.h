@@ -2,38 +2,29 @@
 // whatever becomes of the collection meanwhile.
 #pragma once
 
-#include <cstddef>
 #include <iterator>
 #include <utility>
+
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 
 namespace tolvanite::detail {
 
 /// For containers that are cheap to copy. Compares by position.
 template <typename Container>
-class KeptIterator {
+class KeptIterator : public ConstIterator<KeptIterator<Container>, typename Container::value_type> {
   using Position = typename Container::Iterator;
 
  public:
-  using value_type = typename Container::value_type;
-  using difference_type = std::ptrdiff_t;
-  using reference = const value_type&;
-  using pointer = const value_type*;
-  using iterator_category = std::forward_iterator_tag;
+  using ConstIterator<KeptIterator, typename Container::value_type>::operator++;
 
   KeptIterator() = default;
   explicit KeptIterator(Container container)
       : container_(std::move(container)), position_(container_.begin()), end_(container_.end()) {}
 
-  reference operator*() const noexcept { return *position_; }
-  pointer operator->() const noexcept { return &*position_; }
+  const typename Container::value_type& operator*() const noexcept { return *position_; }
   KeptIterator& operator++() noexcept {
     ++position_;
     return *this;
-  }
-  KeptIterator operator++(int) {
-    KeptIterator before = *this;
-    ++position_;
-    return before;
   }
   friend bool operator==(const KeptIterator& a, const KeptIterator& b) noexcept {
     return a.position_ == b.position_;
