@@ -1,0 +1,41 @@
+// How the generators seed themselves from the system's random device.
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include <Tolvanite/Random/ConstantNonRandom.h>
+#include <Tolvanite/Random/DevRandom.h>
+#include <Tolvanite/Random/Lfsr176.h>
+#include <Tolvanite/Random/Lfsr258.h>
+#include <Tolvanite/Random/MersenneTwister.h>
+#include <Tolvanite/Random/Xoroshiro.h>
+#include <Tolvanite/Random/detail/Seeding.h>
+
+namespace tolvanite {
+
+namespace {
+
+// By one descriptor for all the words.
+template <std::size_t count>
+std::array<std::uint64_t, count> deviceWordsNotBelow(std::array<std::uint64_t, count> limits) {
+  DevRandom device;
+  return detail::wordsNotBelow(limits, [&] { return device.random64(); });
+}
+
+}  // namespace
+
+// The limits are the bit counts of the published conditions and not the powers of two that these
+// mean, deliberately: a word between the two shortens the period, and is too rare to matter.
+Lfsr258::Lfsr258() : state(deviceWordsNotBelow<5>({1, 9, 12, 17, 23})) {}
+
+Lfsr176::Lfsr176() : state(deviceWordsNotBelow<3>({1, 6, 9})) {}
+
+Xoroshiro::Xoroshiro() { DevRandom::randomizeOnce(state.data(), sizeof state); }
+
+ConstantNonRandom::ConstantNonRandom() : value(DevRandom::random64Once()) {}
+
+ConstantNonRandom::ConstantNonRandom(std::uint64_t seed) : ConstantNonRandom() { value = seed; }
+
+MersenneTwister::MersenneTwister() : MersenneTwister(DevRandom::random64Once()) {}
+
+}  // namespace tolvanite
