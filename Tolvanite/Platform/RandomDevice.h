@@ -1,25 +1,41 @@
-// The system's random device, as the few calls that a reader needs.
+// The system's random device as the three calls that a reader needs, behind a seam, so that a test
+// can let them fail and script what is read.
 //
-//   const std::int32_t device = tolvanite::openRandomDevice();
-//   const bool isFilled = tolvanite::readRandomDevice(device, buffer, sizeof buffer);
-//   tolvanite::closeRandomDevice(device);
+//   tolvanite::RandomDevice& device = tolvanite::randomDevice();
+//   const std::int32_t descriptor = device.open();
+//   const bool isFilled = device.read(descriptor, bytes);
+//   device.close(descriptor);
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include <Tolvanite/Platform/Export.h>
 
 namespace tolvanite {
 
-/// A descriptor of the device, opened for reading; negative if that fails.
-TOLVANITE_EXPORT std::int32_t openRandomDevice() noexcept;
+/// Cryptographically strong random bytes of the system, on any thread.
+class TOLVANITE_EXPORT RandomDevice {
+ public:
+  RandomDevice() = default;
+  RandomDevice(const RandomDevice&) = delete;
+  RandomDevice& operator=(const RandomDevice&) = delete;
+  virtual ~RandomDevice();
 
-/// Fills the buffer by one read; whether that gave all `size` bytes.
-TOLVANITE_EXPORT bool readRandomDevice(std::int32_t descriptor, void* buffer,
-                                       std::size_t size) noexcept;
+  /// A new descriptor, open for reading; negative if that fails.
+  virtual std::int32_t open();
+  /// Fills the bytes by one read; whether that gave all of them.
+  virtual bool read(std::int32_t descriptor, std::span<std::byte> bytes);
+  /// Closes a descriptor.
+  virtual void close(std::int32_t descriptor);
+};
 
-/// Closes a descriptor.
-TOLVANITE_EXPORT void closeRandomDevice(std::int32_t descriptor) noexcept;
+/// The device that the library reads now.
+TOLVANITE_EXPORT RandomDevice& randomDevice() noexcept;
+
+/// Makes `device`, which must outlive its use, the device that the library reads, or the system's
+/// own if it is null. Gives the one before, to be set again, or null if that was the system's own.
+TOLVANITE_EXPORT RandomDevice* setRandomDevice(RandomDevice* device) noexcept;
 
 }  // namespace tolvanite

@@ -50,9 +50,10 @@ class MersenneTwister : public RandomWordGeneratorDefaults<MersenneTwister> {
   friend bool operator==(const MersenneTwister&, const MersenneTwister&) = default;
 
  private:
-  // Each word from itself, its follower and the one half the block away, all in a ring. The parts
+  // Each word from itself, its follower and the one half the block away, all in a ring. Kept out of
+  // line, so that what draws stays small enough to be inlined. The parts
   // are loops of an even length without a bend, which the compiler does two words at a time.
-  constexpr void regenerate() {
+  [[gnu::noinline]] constexpr void regenerate() {
     constexpr std::size_t count = wordCount, middle = count / 2;
     auto& words = state_internal;
     for (std::size_t i = 0; i < middle; ++i) {

@@ -26,8 +26,8 @@ constexpr double closedDoubleFrom64(std::uint64_t bits) {
   return detail::lowBits(bits, 0x1FFFFFFFFFFFFF) * 1.1102230246251568e-16;
 }
 
-/// A number between 0 and 0.5, neither included: 52 bits, at the scale of 53, deliberately. Callers
-/// that want numbers up to 1 would get other streams if it were put right.
+/// A number above 0 and below 0.5, but for the one in 2^52 that rounds to 0.5: 52 bits at the scale
+/// of 53, deliberately, as other scales would give other streams.
 constexpr double openDoubleFrom64(std::uint64_t bits) {
   return (detail::lowBits(bits, 0xFFFFFFFFFFFFF) + 0.5) * 1.1102230246251568e-16;
 }

@@ -58,9 +58,9 @@ concept RandomWordGenerator =
 
 namespace detail {
 
-// A number from 0 to `max` by plain draws. Those below a threshold are drawn again; it is
-// deliberate that the threshold is taken from the highest word and not from the count of words,
-// though that leaves a bias below 1 in the count of words.
+// A number from 0 to `max` by plain draws; those below a threshold are drawn again. It is
+// deliberate that the threshold comes from the highest word and not from the count of words, one
+// more: it leaves a bias of one word in all, and another threshold would give other streams.
 template <std::unsigned_integral Word, typename Draw>
 constexpr Word drawUpTo(Word max, Draw draw) {
   constexpr Word allOnes = std::numeric_limits<Word>::max();
@@ -130,7 +130,7 @@ class RandomGeneratorDefaults {
   constexpr double randomHalfOpen() { return halfOpenDoubleFrom64(self().random64()); }
   /// A number from 0 to 1, both included.
   constexpr double randomClosed() { return closedDoubleFrom64(self().random64()); }
-  /// A number between 0 and 0.5, neither included; see `openDoubleFrom64`.
+  /// A number above 0 and below 0.5, not 1; see `openDoubleFrom64`.
   constexpr double randomOpen() { return openDoubleFrom64(self().random64()); }
 
   friend constexpr bool operator==(const RandomGeneratorDefaults&,

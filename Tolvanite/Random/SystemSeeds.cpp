@@ -9,26 +9,31 @@
 #include <Tolvanite/Random/Lfsr258.h>
 #include <Tolvanite/Random/MersenneTwister.h>
 #include <Tolvanite/Random/Xoroshiro.h>
-#include <Tolvanite/Random/detail/Seeding.h>
 
 namespace tolvanite {
 
 namespace {
 
-// By one descriptor for all the words.
+// One word for each limit, in order, read again until it is not below its limit. The device is
+// opened once for all of them.
 template <std::size_t count>
-std::array<std::uint64_t, count> deviceWordsNotBelow(std::array<std::uint64_t, count> limits) {
+std::array<std::uint64_t, count> wordsNotBelow(const std::array<std::uint64_t, count>& limits) {
   DevRandom device;
-  return detail::wordsNotBelow(limits, [&] { return device.random64(); });
+  std::array<std::uint64_t, count> words{};
+  for (std::size_t i = 0; i < count; ++i) {
+    do words[i] = device.random64();
+    while (words[i] < limits[i]);
+  }
+  return words;
 }
 
 }  // namespace
 
 // The limits are the bit counts of the published conditions and not the powers of two that these
 // mean, deliberately: a word between the two shortens the period, and is too rare to matter.
-Lfsr258::Lfsr258() : state(deviceWordsNotBelow<5>({1, 9, 12, 17, 23})) {}
+Lfsr258::Lfsr258() : state(wordsNotBelow<5>({1, 9, 12, 17, 23})) {}
 
-Lfsr176::Lfsr176() : state(deviceWordsNotBelow<3>({1, 6, 9})) {}
+Lfsr176::Lfsr176() : state(wordsNotBelow<3>({1, 6, 9})) {}
 
 Xoroshiro::Xoroshiro() { DevRandom::randomizeOnce(state.data(), sizeof state); }
 
