@@ -1,6 +1,5 @@
 #include <Tolvanite/Platform/RandomDevice.h>
 
-#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <cstring>
@@ -8,7 +7,6 @@
 #include <span>
 #include <string>
 #include <utility>
-#include <vector>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -115,13 +113,10 @@ TEST(RandomDeviceTest, theSystemsOwn) {
     descriptor = generator.fileDescriptor().fd;
     EXPECT_EQ(fcntl(descriptor, F_GETFD), FD_CLOEXEC);
     EXPECT_NE(generator.random64(), generator.random64());
-    std::vector<std::uint32_t> words(100'000);
-    generator.randomize(std::as_writable_bytes(std::span(words)));
-    EXPECT_LT(std::ranges::count(words, 0U), 10);
-    EXPECT_NE(Xoroshiro(), Xoroshiro());
     EXPECT_EXIT((close(descriptor), generator.random64()), aborts, "Fatal error: file");
   }
   EXPECT_EQ(fcntl(descriptor, F_GETFD), -1) << "closed";
+  EXPECT_NE(Xoroshiro(), Xoroshiro());
 }
 
 }  // namespace

@@ -46,86 +46,45 @@ class Words : public SystemRandom {
   SystemRandom* before_ = setSystemRandom(this);
 };
 
-TEST(RandomHelpersTest, drawsBelowBounds) {
-  using Draws = std::deque<std::uint32_t>;
-  struct Case {
-    std::string name;
-    Draws draws;
-    std::vector<std::uint32_t> bounds;
-    std::function<Int()> draw;
-    Int result;
-  };
-  const auto number = [](auto value) { return static_cast<Int>(value); };
-  for (const auto& [name, draws, bounds, draw, result] : std::vector<Case>{
-           {"random()", {8}, {highest32}, [] { return RandomInt::random(); }, 8},
-           {"random(9)", {9}, {10}, [] { return RandomInt::random(9); }, 9},
-           {"random(0)", {}, {}, [] { return RandomInt::random(0); }, 0},
-           {"excluding",
-            {3, 0, 9},
-            {10, 10, 10},
-            [] { return RandomInt::randomExcluding(9, {0, 3}); },
-            9},
-           {"randomNumber()", {7}, {101}, [] { return RandomInt::randomNumber(); }, 7},
-           {"-5 to 5", {10}, {11}, [] { return RandomInt::randomNumber(-5, 5); }, 5},
-           {"low",
-            {4},
-            {highest32},
-            [] { return RandomInt::randomNumber(lowest, lowest + Int{highest32} - 1); },
-            lowest + 4},
-           {"3 to 3", {}, {}, [] { return RandomInt::randomNumber(3, 3); }, 3},
-           {"extreme, 1", {1}, {2}, [] { return RandomInt::randomExtreme(highest); }, 0},
-           {"extreme, 0", {0}, {2}, [] { return RandomInt::randomExtreme(); }, 4294967294},
-           {"extreme of 0", {0}, {2}, [] { return RandomInt::randomExtreme(0); }, 0},
-           {"coin, 1", {1}, {2}, [] { return RandomInt::coinToss(); }, 1},
-           {"coin, 0", {0}, {2}, [] { return RandomInt::coinToss(6); }, -6},
-           {"UInt32()", {8}, {highest32}, [=] { return number(RandomUInt32::random()); }, 8},
-           {"UInt32(4)", {3}, {4}, [=] { return number(RandomUInt32::random(4)); }, 3},
-           {"UInt32(4), excluding",
-            {3, 1, 2},
-            {4, 4, 4},
-            [=] { return number(RandomUInt32::randomExcluding(4, {1, 3})); },
-            2},
-           {"Bool, 0", {0}, {2}, [=] { return number(RandomBool::coinToss()); }, 1},
-           {"Bool, 1", {1}, {2}, [=] { return number(RandomBool::coinToss()); }, 0},
-           {"one to 1", {0}, {2}, [=] { return number(RandomBool::probabilityOneTo(1)); }, 1},
-           {"one to 9", {1}, {10}, [=] { return number(RandomBool::probabilityOneTo(9)); }, 0},
-           {"one to 0", {}, {}, [=] { return number(RandomBool::probabilityOneTo(0)); }, 0},
-           {"0.5", {49'999}, {100'000}, [=] { return number(RandomBool::probability(0.5)); }, 1},
-           {"0.5, missed",
-            {50'000},
-            {100'000},
-            [=] { return number(RandomBool::probability(0.5)); },
-            0},
-           {"0.000019",
-            {1},
-            {100'000},
-            [=] { return number(RandomBool::probability(0.000019)); },
-            0},
-           {"above 1",
-            {99'999},
-            {100'000},
-            [=] { return number(RandomBool::probability(42'949.67295)); },
-            1},
-           {"just below 0",
-            {0},
-            {100'000},
-            [=] { return number(RandomBool::probability(-0.0000099)); },
-            0},
-           {"12.5 %",
-            {12'499},
-            {100'000},
-            [=] { return number(RandomBool::probabilityPercent(12.5)); },
-            1},
-           {"12.5 %, missed",
-            {12'500},
-            {100'000},
-            [=] { return number(RandomBool::probabilityPercent(12.5)); },
-            0},
-       }) {
-    ScriptedRandom random(draws);
-    EXPECT_EQ(draw(), result) << name;
-    EXPECT_EQ(random.bounds, bounds) << name;
-  }
+TEST(RandomHelpersTest, integers) {
+  ScriptedRandom random({8, 9, 3, 0, 9, 7, 10, 4, 1, 0, 0, 1, 0, 8, 3, 3, 1, 2});
+  EXPECT_EQ(RandomInt::random(), 8);
+  EXPECT_EQ(RandomInt::random(9), 9);
+  EXPECT_EQ(RandomInt::random(0), 0) << "without a draw";
+  EXPECT_EQ(RandomInt::randomExcluding(9, {0, 3}), 9);
+  EXPECT_EQ(RandomInt::randomNumber(), 7);
+  EXPECT_EQ(RandomInt::randomNumber(-5, 5), 5);
+  EXPECT_EQ(RandomInt::randomNumber(lowest, lowest + Int{highest32} - 1), lowest + 4);
+  EXPECT_EQ(RandomInt::randomNumber(3, 3), 3) << "without a draw";
+  EXPECT_EQ(RandomInt::randomExtreme(highest), 0);
+  EXPECT_EQ(RandomInt::randomExtreme(), 4294967294);
+  EXPECT_EQ(RandomInt::randomExtreme(0), 0) << "with a draw";
+  EXPECT_EQ(RandomInt::coinToss(), 1);
+  EXPECT_EQ(RandomInt::coinToss(6), -6);
+  EXPECT_EQ(RandomUInt32::random(), 8U);
+  EXPECT_EQ(RandomUInt32::random(4), 3U);
+  EXPECT_EQ(RandomUInt32::randomExcluding(4, {1, 3}), 2U);
+  EXPECT_EQ(random.bounds,
+            (std::vector<std::uint32_t>{highest32, 10, 10, 10, 10, 101, 11, highest32, 2, 2, 2, 2,
+                                        2, highest32, 4, 4, 4, 4}));
+}
+
+TEST(RandomHelpersTest, truthValues) {
+  ScriptedRandom random({0, 1, 0, 1, 49'999, 50'000, 1, 99'999, 0, 12'499, 12'500});
+  EXPECT_TRUE(RandomBool::coinToss());
+  EXPECT_FALSE(RandomBool::coinToss());
+  EXPECT_TRUE(RandomBool::probabilityOneTo(1));
+  EXPECT_FALSE(RandomBool::probabilityOneTo(9));
+  EXPECT_FALSE(RandomBool::probabilityOneTo(0)) << "without a draw";
+  EXPECT_TRUE(RandomBool::probability(0.5));
+  EXPECT_FALSE(RandomBool::probability(0.5));
+  EXPECT_FALSE(RandomBool::probability(0.000019)) << "cut off to 1";
+  EXPECT_TRUE(RandomBool::probability(42'949.67295));
+  EXPECT_FALSE(RandomBool::probability(-0.0000099));
+  EXPECT_TRUE(RandomBool::probabilityPercent(12.5));
+  EXPECT_FALSE(RandomBool::probabilityPercent(12.5));
+  constexpr std::uint32_t k = 100'000;
+  EXPECT_EQ(random.bounds, (std::vector<std::uint32_t>{2, 2, 2, 10, k, k, k, k, k, k, k}));
 }
 
 TEST(RandomHelpersTest, fatalArguments) {
@@ -151,10 +110,9 @@ TEST(RandomHelpersTest, fatalArguments) {
 }
 
 TEST(RandomHelpersTest, floatingPoint) {
-  const Words words(std::deque<std::uint32_t>{highest32, 0, 1, highest32, 0, highest32, 0x80000000,
-                                              highest32, highest32});
+  constexpr std::uint32_t all = highest32;
+  const Words words(std::deque<std::uint32_t>{all, 1, all, 0, all, 0x80000000, all, all});
   EXPECT_EQ(RandomDouble::random(), 1.0);
-  EXPECT_EQ(RandomDouble::random(), 0.0);
   EXPECT_EQ(RandomDouble::random(), 1 / 4294967295.0);
   EXPECT_EQ(RandomDouble::random(-2, 6), 6.0);
   EXPECT_EQ(RandomDouble::random(-2, 6), -2.0);
