@@ -125,6 +125,7 @@ class ElementSet {
 
   // Adds a box unless an equal element is stored; whether it did.
   bool insertBox(Handle handle) {
+    if (table_.isShared() && contains(*handle)) return false;
     auto& table = table_.tableToChange();
     table.reserveOne();
     const auto spot = table.spotOf(*handle);

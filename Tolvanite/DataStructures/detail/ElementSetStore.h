@@ -34,6 +34,7 @@ class ElementSetStore : public ElementSet<T> {
   /// Makes a box of an element and adds it, unless an equal one is stored: then the result is null.
   template <typename Element>
   Handle insertElement(Element&& element, Int lastIndex = 0) {
+    if (isShared() && this->contains(element)) return {};
     auto& table = this->table_.tableToChange();
     table.reserveOne();
     const auto spot = table.spotOf(element);
