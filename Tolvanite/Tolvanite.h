@@ -1,7 +1,12 @@
 // Everything that the library offers, in one include. Written by `./dev format`.
 #pragma once
 
+#include <Tolvanite/Color/Color.h>
+#include <Tolvanite/Color/ColorVocabulary.h>
+#include <Tolvanite/Color/NamedColor.h>
 #include <Tolvanite/DataStructures/ArrayErrors.h>
+#include <Tolvanite/DataStructures/BitArray.h>
+#include <Tolvanite/DataStructures/BitSet.h>
 #include <Tolvanite/DataStructures/ElementArray.h>
 #include <Tolvanite/DataStructures/ElementSet.h>
 #include <Tolvanite/DataStructures/EventBlock.h>
@@ -36,6 +41,7 @@
 #include <Tolvanite/DataStructures/Serray.h>
 #include <Tolvanite/DataStructures/SerrayErrur.h>
 #include <Tolvanite/DataStructures/SerrayObserver.h>
+#include <Tolvanite/DataStructures/SetBitIndexes.h>
 #include <Tolvanite/DataStructures/SetCollection.h>
 #include <Tolvanite/DataStructures/SetErrur.h>
 #include <Tolvanite/DataStructures/SimpleValueWrapper.h>
@@ -97,9 +103,29 @@
 #include <Tolvanite/Platform/Export.h>
 #include <Tolvanite/Platform/HttpRequest.h>
 #include <Tolvanite/Platform/MainQueue.h>
+#include <Tolvanite/Platform/RandomDevice.h>
 #include <Tolvanite/Platform/SharedCount.h>
 #include <Tolvanite/Platform/StandardPlaces.h>
 #include <Tolvanite/Platform/SystemLog.h>
 #include <Tolvanite/Platform/SystemRandom.h>
 #include <Tolvanite/Platform/Threads.h>
+#include <Tolvanite/Random/Arc4Random.h>
+#include <Tolvanite/Random/ConstantNonRandom.h>
+#include <Tolvanite/Random/ConstantSequence.h>
+#include <Tolvanite/Random/DevRandom.h>
+#include <Tolvanite/Random/InfiniteSequence.h>
+#include <Tolvanite/Random/Lfsr176.h>
+#include <Tolvanite/Random/Lfsr258.h>
+#include <Tolvanite/Random/MersenneTwister.h>
+#include <Tolvanite/Random/NameGenerator.h>
+#include <Tolvanite/Random/RandomBool.h>
+#include <Tolvanite/Random/RandomConversions.h>
+#include <Tolvanite/Random/RandomDouble.h>
+#include <Tolvanite/Random/RandomGenerator.h>
+#include <Tolvanite/Random/RandomInt.h>
+#include <Tolvanite/Random/RandomSequence.h>
+#include <Tolvanite/Random/RandomUInt32.h>
+#include <Tolvanite/Random/SequenceComparator.h>
+#include <Tolvanite/Random/Xoroshiro.h>
+#include <Tolvanite/Text/QInt128.h>
 #include <Tolvanite/Text/TextTable.h>
