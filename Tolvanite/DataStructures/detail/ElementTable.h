@@ -45,6 +45,7 @@ template <typename T>
 struct ByElement {
   using Key = T;
   static constexpr bool isScattered = true;
+  // NOLINTNEXTLINE(bugprone-return-const-ref-from-parameter): only elements in boxes are given
   static const T& keyOf(const T& element) { return element; }
   static bool equal(const T& a, const T& b) { return ElementTraits<T>::equal(a, b); }
   static std::uint64_t hash(const T& element) {
