@@ -154,7 +154,8 @@ class FilterSet : public detail::Described {
   /// `inSetInserted` or `outSetInserted`, then `inserted`.
   void insert(T element);
   /// Inserts one after the other, up to the first that is present, for which it throws; those
-  /// before it stay.
+  /// before it stay. Two texts in braces can also be read as one element: name the type,
+  /// `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements);
   /// Puts an element in the place of the equal one, which it gives back; it crosses over where the
   /// filter answers differently for it. Events: `inSetUpdated` or `outSetUpdated`, or `...Removed`

@@ -11,8 +11,9 @@ template <HashableElement T>
 class FilterSet;
 
 /// The events of a `FilterSet`: those of the whole, and those of either side, which come first. The
-/// first argument of every block is a copy of the set as it stands after the change; whoever
-/// changes that copy changes nothing else. A block that is not set is not called.
+/// first argument of every block is a copy of the set as it stands after the change. A block that
+/// copies it and changes its own copy tells the same observers. A block that is not set is not
+/// called.
 template <HashableElement T>
 class FilterSetObserver final : public WeaklyOwnedObject {
  public:

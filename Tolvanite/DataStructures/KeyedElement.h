@@ -1,5 +1,6 @@
-// What the keyed collections ask of their elements: a read-only `key`, hashable and ordered, that
-// identifies the element while the rest of its content may change.
+// What the collections ask of their elements. The keyed ones: a read-only `key`, hashable and
+// ordered, that identifies the element while the rest of its content may change. The sets and the
+// unique array: an equality and a hash that agrees with it. The views: some of both.
 //
 //   struct Track {
 //     std::string key;    // or a member function key()
@@ -8,11 +9,21 @@
 //   };
 //   static_assert(tolvanite::EquatableKeyedElement<Track>);
 //
+//   template <>
+//   struct std::hash<Track> {  // outside of any namespace, before the first collection of tracks
+//     std::size_t operator()(const Track& track) const noexcept {
+//       return std::hash<std::string>{}(track.key);
+//     }
+//   };
+//   static_assert(tolvanite::HashableEquatableKeyedElement<Track>);
+//
 // Elements may also be held by smart pointer: key, equality and hash are those of the pointee.
 //
-// Equality must imply equal keys, and should be the equality of the keys. The sorted views find an
-// updated element again by its equality: a type whose equality covers content that changes makes
-// the first update end the process.
+// Equality must imply equal keys, and should be the equality of the keys; the hash is to be made of
+// nothing that the equality does not look at. The views of a `Kerray` find an updated element again
+// by its equality: one that covers content that changes makes the first update end the process in a
+// view that is sorted only, and leaves the old element behind in one that is filtered. In a set, an
+// element that is not equal to its old self is a further element.
 #pragma once
 
 #include <concepts>

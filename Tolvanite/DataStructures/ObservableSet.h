@@ -95,7 +95,9 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   /// gives absent.
   Optional<T> remove(const T& element);
   /// Removes the equal elements and gives them back, with a warning for each that is absent. Event:
-  /// `removedMultiple`, also when nothing was removed.
+  /// `removedMultiple`, also when nothing was removed. Braces around a single element call the form
+  /// for one; two texts in braces can be read as either: name the type,
+  /// `ElementArray<std::string>{"a", "b"}`.
   ElementSet<T> remove(const ElementArray<T>& elements);
 
  private:

@@ -13,9 +13,9 @@
 //
 // Some of what the view does is meant, and to be known by its user:
 // - `insertMultiple` on the base tells of elements that were present already, too: the view then
-//   shows those twice, until it is rebuilt by a new filter or content.
+//   shows those twice, and a removal takes one of the two, until a new filter or new content comes.
 // - A removal of several elements prints four kinds of lines on standard output.
-// - A sort block with an equal code is stored and sorts nothing.
+// - A sort block with an equal code is stored and sorts nothing. Later changes go by it.
 // - `updateMultiple` on the base ends the process ("llll").
 #pragma once
 

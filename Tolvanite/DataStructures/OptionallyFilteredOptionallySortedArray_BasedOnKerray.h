@@ -3,18 +3,18 @@
 // with the view's indexes.
 //
 //   using View = tolvanite::OptionallyFilteredOptionallySortedArray_BasedOnKerray<Track>;
-//   auto view = View::make(tracks, [](const Track& track) { return !track.isHidden; },
-//                          tolvanite::NamedSortBlock<Track>{
-//                              "title", [](const Track& a, const Track& b) { return a.title <
-//                              b.title; }});
+//   const tolvanite::NamedSortBlock<Track> byTitle{
+//       "title", [](const Track& a, const Track& b) { return a.title < b.title; }};
+//   auto view = View::make(tracks, [](const Track& track) { return !track.isHidden; }, byTitle);
 //   view->observers.createNew(controller, [&](auto& observer) {
 //     observer.inserted = [&](auto&, tolvanite::Int i, const Track& t) { table.insertRow(i, t); };
 //   });
 //   tracks->append(track);  // the table gets its row at the right place
 //
 // Write the equality of your elements so that it compares keys: the view finds an updated element
-// again by its equality, so a type whose equality covers changing content ends the process with its
-// first update. Equal elements must have equal keys.
+// again by its equality. With an equality that covers changing content, the first update ends the
+// process in a view that is sorted only, and leaves the old element behind in one that is filtered.
+// Equal elements must have equal keys.
 //
 //   struct Track {
 //     int key;
@@ -25,9 +25,12 @@
 // Some of what a view does is meant, however odd it looks, and to be known by its user:
 // - Insertions pass by the filter that the view was made with, whatever `filterBlock` is later. For
 //   a filter that changes, let the block read what it depends on, and call
-//   `setFilterBlock(filterBlock())` when that has changed.
+//   `setFilterBlock(filterBlock())` when that has changed. A view that was made without a filter
+//   and has one now lets all insertions in where it is sorted; where it is not, it tells them with
+//   the base's index and takes none in.
 // - A batch insertion of which every element passes that filter is ignored: no insertion, no event.
-//   Insert such elements one by one, or make the view after the batch.
+//   Insert such elements one by one, or make the view after the batch. Until the view is rebuilt,
+//   by `setFilterBlock(filterBlock())`, say, to remove one of them from the base ends the process.
 // - `update` of a sequence on the base ends the process ("llll"), as does a move of several
 //   elements while a filter or sort order is active.
 // - Filtered but not sorted, the view keeps the old content of an updated element and tells the

@@ -9,10 +9,9 @@
 //   tracks->update(starred);  // passes now: `inserted`
 //
 // Some of what the view does is meant, however odd it looks, and to be known by its user:
-// - Without a filter, what is removed from the base stays in the view, and what is updated keeps
-// its
-//   old content, until the next rebuild. A view that is to hold exactly what the base holds needs a
-//   filter, if only one that lets all pass.
+// - Without a filter, what is removed from the base stays in the view, and what is updated has its
+//   old content there, until the next rebuild. A view that is to hold exactly the elements of the
+//   base needs a filter, if only one that lets all pass.
 // - With a filter, an update of an element that passes before and after leaves the old content in
 //   the view; only the event brings the new one.
 // - The batch events come also with empty sets.

@@ -4,8 +4,8 @@
 //
 //   tolvanite::OptionallySortedUrray<Track> playlist;
 //   playlist.observers.createNew(controller, [&](auto& observer) {
-//     observer.inserted = [&](const auto&, tolvanite::Int i, const Track& t) { table.insert(i, t);
-//     }; observer.sortingChanged = [&](const auto& list, const auto&) { table.reload(list); };
+//     observer.inserted = [&](auto&, tolvanite::Int i, const Track& t) { table.insert(i, t); };
+//     observer.sortingChanged = [&](auto& list, auto& /*code*/) { table.reload(list); };
 //   });
 //   playlist.append(first);
 //   playlist.setSortBlock(byTitle);  // on show: by title

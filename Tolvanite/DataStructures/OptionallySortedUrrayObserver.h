@@ -15,8 +15,8 @@ template <KeyedElement T>
 class OptionallySortedUrray;
 
 /// The events of an `OptionallySortedUrray`. The first argument of every block is a copy of it as
-/// it stands after the change; whoever changes that copy changes nothing else. The indexes are
-/// those of the order on show. A block that is not set is not called.
+/// it stands after the change. A block that copies it and changes its own copy tells the same
+/// observers. The indexes are those of the order on show. A block that is not set is not called.
 template <KeyedElement T>
 class OptionallySortedUrrayObserver final : public WeaklyOwnedObject {
  public:
@@ -31,7 +31,8 @@ class OptionallySortedUrrayObserver final : public WeaklyOwnedObject {
   EventBlock<void(const Array&, Int index, const T& element)> inserted;
   /// The indexes that the element had on show and in the natural order.
   EventBlock<void(const Array&, Int index, Int naturalIndex, const T& element)> removed;
-  /// The index is the one that the element has now; where its place changed, `moved` follows.
+  /// The index is the one that the element has now. Where its place changed, `moved` follows: who
+  /// keeps rows then draws those from one index of `moved` to the other anew.
   EventBlock<void(const Array&, Int index, const T& newElement)> updated;
   EventBlock<void(const Array&, Int from, Int to, const T& element)> moved;
 };

@@ -3,8 +3,7 @@
 //
 //   tolvanite::Urray<std::string> queue;
 //   queue.observers.createNew(controller, [&](auto& observer) {
-//     observer.inserted = [&](const auto& /*queue*/, tolvanite::Int index, const std::string& song)
-//     {
+//     observer.inserted = [&](auto& /*queue*/, tolvanite::Int index, const std::string& song) {
 //       table.insertRow(index, song);
 //     };
 //   });
@@ -85,7 +84,8 @@ class Urray : public IndexedCollection<Urray<T>, T> {
   /// Inserts before the element at `atIndex`, likewise. One shift.
   void insert(T element, Int atIndex);
   /// Inserts one after the other from `atIndex` on, up to the first that is present, for which it
-  /// throws; those before it stay. Events: one `inserted` for each.
+  /// throws; those before it stay. Events: one `inserted` for each. Two texts in braces can also
+  /// be read as one element: name the type, `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements, Int atIndex);
   /// Puts `element` in the place of the equal one and returns it; absent, without an event, when
   /// there is none. Event: `updated`.

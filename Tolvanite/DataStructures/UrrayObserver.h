@@ -16,8 +16,8 @@ template <UrrayType T>
 class Urray;
 
 /// The events of a `Urray`. The first argument of every block is a copy of it as it stands after
-/// the change; whoever changes that copy changes nothing else. A block that is not set is not
-/// called.
+/// the change. A block that copies it and changes its own copy tells the same observers. A block
+/// that is not set is not called.
 template <UrrayType T>
 class UrrayObserver final : public WeaklyOwnedObject {
  public:
