@@ -81,10 +81,19 @@ class PlacedArray {
     return indexes;
   }
   /// Puts an element in the place of its older self, which is at `place`, and moves it to where it
-  /// belongs; gives that place, or absent when the element may stay.
+  /// belongs; gives that place, or absent when the element may stay. Where a stable sort is wanted,
+  /// an array that does not stand in order is sorted as a whole.
   Optional<Int> updateInOrder(Int place, const Handle<T>& element,
                               const OrderBlock<T>& isOrderedBefore, AmongTies amongTies) {
     Optional<Int> to;
+    if (!isInOrder_ && amongTies == AmongTies::asStableSort) {
+      Store sorted = elements_;  // The block may throw.
+      sorted.replace(place, element);
+      sortStably(sorted, isOrderedBefore);
+      rebuild(std::move(sorted), isInStep_, true);
+      to = placeOf(element.get(), isOrderedBefore);
+      return to == place ? Optional<Int>() : to;
+    }
     if (!canElementStayAtIndex(elements_, *element, place, isOrderedBefore)) {
       to = ArrayWithoutOne<T>(elements_, place).landing(isOrderedBefore, *element, amongTies);
     }
