@@ -229,9 +229,10 @@ void OptionallySortedUrray<T>::insertAtIndex(T element, Int atIndex) {
     throw ArrayErrors::elementAlreadyPresent(detail::textFormOrTypeName(element));
   }
   const auto handle = Handle::make(std::move(element));
+  // First, since the sort block may throw.
+  const Int index = isSorted() ? sorted_.insertInOrder(handle, order()) : atIndex;
   natural_.insert(atIndex, handle);
   keys_.tableToChange().set(handle, atIndex);
-  const Int index = isSorted() ? sorted_.insertInOrder(handle, order()) : atIndex;
   tell(&Observer::inserted, index, *handle);
 }
 
