@@ -166,6 +166,7 @@ void Serray<T>::insert(T element) {
 
 template <KeyedElement T>
 void Serray<T>::insert(const ElementArray<T>& elements) {
+  const Pass pass(*this);
   for (const T& element : ElementArray<T>(elements)) insert(element);
 }
 
