@@ -102,9 +102,13 @@ struct OrderedInsertion {
     // that were inserted before it.
     std::vector<std::size_t> order(count);
     std::iota(order.begin(), order.end(), std::size_t{0});
-    if (!isBatchSorted) {
-      stableSort(std::span(order),
-                 [&](std::size_t a, std::size_t b) { return isOrderedBefore(value(a), value(b)); });
+    if (!isBatchSorted && count > 0) {
+      // A reversed block orders ties before each other, and so inserts each behind the ones before.
+      const bool isReversed = isOrderedBefore(value(0), value(0));
+      stableSort(std::span(order), [&](std::size_t a, std::size_t b) {
+        return isReversed ? !isOrderedBefore(value(b), value(a))
+                          : isOrderedBefore(value(a), value(b));
+      });
     }
     std::vector<Int> gaps;
     gaps.reserve(count);
