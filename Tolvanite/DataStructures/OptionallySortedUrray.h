@@ -24,6 +24,7 @@
 // may.
 #pragma once
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -110,9 +111,10 @@ class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>,
   }
   /// Whether both hold equal elements in the same orders, whatever their observers.
   friend bool operator==(const OptionallySortedUrray& a, const OptionallySortedUrray& b)
-    requires std::equality_comparable<T>
+    requires EquatableKeyedElement<T>
   {
-    return a.natural_ == b.natural_ && a.sortedArray() == b.sortedArray();
+    return std::ranges::equal(a.natural_, b.natural_, ElementTraits<T>::equal) &&
+           std::ranges::equal(a.sortedArray(), b.sortedArray(), ElementTraits<T>::equal);
   }
 
   // Changing

@@ -20,6 +20,7 @@
 // may.
 #pragma once
 
+#include <algorithm>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -74,7 +75,9 @@ class Urray : public IndexedCollection<Urray<T>, T> {
     return detail::countedDescription("OrderedSet", count(), detail::elementsText(*this, 5));
   }
   /// Whether both hold equal elements in the same order, whatever their observers.
-  friend bool operator==(const Urray& a, const Urray& b) { return a.array_ == b.array_; }
+  friend bool operator==(const Urray& a, const Urray& b) {
+    return std::ranges::equal(a.array_, b.array_, ElementTraits<T>::equal);
+  }
 
   // Changing
 
