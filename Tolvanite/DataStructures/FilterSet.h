@@ -26,6 +26,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -157,6 +158,11 @@ class FilterSet : public detail::Described {
   /// before it stay. Two texts in braces can also be read as one element: name the type,
   /// `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements);
+  void insert(std::initializer_list<T> elements)
+    requires detail::IsText<T>
+  {
+    insert(ElementArray<T>(elements));
+  }
   /// Puts an element in the place of the equal one, which it gives back; it crosses over where the
   /// filter answers differently for it. Events: `inSetUpdated` or `outSetUpdated`, or `...Removed`
   /// of the one side and `...Inserted` of the other, then `updated`. When there is none, inserts it

@@ -53,6 +53,10 @@ concept IsHashable = !PointsToElement<T> && requires(const T& element) {
   { std::hash<T>{}(element) } -> std::convertible_to<std::size_t>;
 };
 
+// Two such elements in braces make one text of their first two arguments, too, which ends badly.
+template <typename T>
+concept IsText = std::convertible_to<const char*, T>;
+
 }  // namespace detail
 
 /// How the collections see an element of type T. To be specialised for a type whose key is told by
@@ -90,6 +94,12 @@ struct ElementTraits {
   {
     return std::hash<T>{}(element);
   }
+  /// Without a hash of its own an element is hashed by its key: equal elements have equal keys.
+  static std::size_t hash(const T& element)
+    requires(!detail::IsHashable<T> && (detail::HasKeyFunction<T> || detail::HasKeyField<T>))
+  {
+    return std::hash<std::remove_cvref_t<decltype(key(element))>>{}(key(element));
+  }
   static std::size_t hash(const T& pointer)
     requires detail::PointsToElement<T>
   {
@@ -104,7 +114,7 @@ using KeyType = std::remove_cvref_t<decltype(ElementTraits<T>::key(std::declval<
 
 /// An element with a hashable and totally ordered key.
 template <typename T>
-concept KeyedElement = std::movable<T> && requires(const T& element) {
+concept KeyedElement = std::copyable<T> && requires(const T& element) {
   ElementTraits<T>::key(element);
   { std::hash<KeyType<T>>{}(ElementTraits<T>::key(element)) } -> std::convertible_to<std::size_t>;
 } && std::totally_ordered<KeyType<T>>;
@@ -118,12 +128,12 @@ concept EquatableKeyedElement = KeyedElement<T> && requires(const T& a, const T&
 /// An element with equality and a hash that agrees with it: what the set-shaped collections and the
 /// unique array ask for.
 template <typename T>
-concept HashableElement = std::movable<T> && requires(const T& a, const T& b) {
+concept HashableElement = std::copyable<T> && requires(const T& a, const T& b) {
   { ElementTraits<T>::equal(a, b) } -> std::convertible_to<bool>;
   { ElementTraits<T>::hash(a) } -> std::convertible_to<std::size_t>;
 };
 
-/// A keyed element with equality and a hash that agrees with it.
+/// A keyed element with equality and a hash that agrees with it, if only that of the key.
 template <typename T>
 concept HashableEquatableKeyedElement = EquatableKeyedElement<T> && HashableElement<T>;
 

@@ -22,6 +22,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -75,6 +76,10 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   /// Inserts a new element. Throws `elementAlreadyPresent`, changes and tells nothing, when an
   /// equal one is present. Event: `inserted`.
   void insert(T element);
+  /// Two texts in braces would make one: this is `insertMultiple`'s work.
+  void insert(std::initializer_list<T> elements)
+    requires detail::IsText<T>
+  = delete;
   /// Inserts those that are new. Event: `insertedMultiple`, with all that were given; thereafter
   /// `elementsAlreadyPresent` is thrown for those that were present, or came before in the batch.
   void insertMultiple(const ElementArray<T>& elements);
@@ -99,6 +104,11 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   /// for one; two texts in braces can be read as either: name the type,
   /// `ElementArray<std::string>{"a", "b"}`.
   ElementSet<T> remove(const ElementArray<T>& elements);
+  ElementSet<T> remove(std::initializer_list<T> elements)
+    requires detail::IsText<T>
+  {
+    return remove(ElementArray<T>(elements));
+  }
 
  private:
   friend class SetCollection<ObservableSet, T>;

@@ -103,6 +103,7 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
         sortBlock_(std::move(sortBlock)),
         filterBlock_(std::move(filterBlock)) {
     if (!baseSet_) fatalFailure("A view needs a base");
+    detail::requireBlock(sortBlock_);
     applyFilterAndSort();
   }
   ~OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet() override = default;
@@ -153,6 +154,7 @@ auto OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet<T>::make(
 template <HashableEquatableKeyedElement T>
 void OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet<T>::setSortBlock(
     NamedSortBlock<T> sortBlock) {
+  detail::requireBlock(sortBlock);
   const Pass pass(*this);
   const bool isSame = sortBlock == sortBlock_;
   sortBlock_ = std::move(sortBlock);

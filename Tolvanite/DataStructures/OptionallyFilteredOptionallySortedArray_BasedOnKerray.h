@@ -223,10 +223,12 @@ OptionallyFilteredOptionallySortedArray_BasedOnKerray<
       filterBlock_(filterBlockAtCreation_),
       sortBlock_(std::move(sortBlock)) {
   if (!baseKerray_) fatalFailure("A view needs a base");
+  if (sortBlock_) detail::requireBlock(*sortBlock_);
 }
 
 template <EquatableKeyedElement T>
 void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::setSortBlock(SortBlock sortBlock) {
+  if (sortBlock) detail::requireBlock(*sortBlock);
   const Pass pass(*this);
   const bool isSame = sortBlock == sortBlock_;
   sortBlock_ = std::move(sortBlock);

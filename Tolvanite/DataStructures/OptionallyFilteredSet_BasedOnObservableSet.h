@@ -19,6 +19,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
 #include <string>
@@ -88,6 +89,11 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   /// The same for one after the other, up to the first that is present, for which it throws.
   void insert(const ElementArray<T>& elements) {
     for (const T& element : ElementArray<T>(elements)) baseSet_->insert(element);
+  }
+  void insert(std::initializer_list<T> elements)
+    requires detail::IsText<T>
+  {
+    insert(ElementArray<T>(elements));
   }
 
  private:

@@ -179,6 +179,7 @@ class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>,
 
 template <KeyedElement T>
 void OptionallySortedUrray<T>::setSortBlock(SortBlock sortBlock) {
+  if (sortBlock) detail::requireBlock(*sortBlock);
   const bool wasSorted = isSorted();
   const bool isSame = sortBlock == this->sortBlock();
   sortBlock_ = std::make_shared<const SortBlock>(std::move(sortBlock));

@@ -59,7 +59,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
   WeaklyOwnedObjectsSphere<Observer> observers;
 
   const NamedSortBlock<T>& sortBlock() const noexcept { return sortBlock_; }
-  /// Sorts, and sends `sortingChanged`, also for the same block again.
+  /// Sorts, and sends `sortingChanged`, also for the same block again. An empty block is fatal.
   void setSortBlock(NamedSortBlock<T> sortBlock);
 
   // Reading
@@ -146,6 +146,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
 
 template <KeyedElement T>
 void Serray<T>::setSortBlock(NamedSortBlock<T> sortBlock) {
+  detail::requireBlock(sortBlock);
   sortBlock_ = std::move(sortBlock);
   array_.sort(sortBlock_.sortBlock);
   tell(&Observer::sortingChanged, std::string(sortBlock_.code));

@@ -21,6 +21,7 @@
 #pragma once
 
 #include <algorithm>
+#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <utility>
@@ -84,12 +85,21 @@ class Urray : public IndexedCollection<Urray<T>, T> {
   /// Inserts behind all others. Throws `elementAlreadyPresent`, and changes nothing, when an equal
   /// element is present. Event: `inserted`. Constant on the average.
   void append(T element) { insert(std::move(element), count()); }
+  /// Two texts in braces would make one: this is the work of `insert` at the count.
+  void append(std::initializer_list<T> elements)
+    requires detail::IsText<T>
+  = delete;
   /// Inserts before the element at `atIndex`, likewise. One shift.
   void insert(T element, Int atIndex);
   /// Inserts one after the other from `atIndex` on, up to the first that is present, for which it
   /// throws; those before it stay. Events: one `inserted` for each. Two texts in braces can also
   /// be read as one element: name the type, `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements, Int atIndex);
+  void insert(std::initializer_list<T> elements, Int atIndex)
+    requires detail::IsText<T>
+  {
+    insert(ElementArray<T>(elements), atIndex);
+  }
   /// Puts `element` in the place of the equal one and returns it; absent, without an event, when
   /// there is none. Event: `updated`.
   Optional<T> update(T element);

@@ -51,7 +51,7 @@ class ElementStore : public ElementArray<T> {
     handle.leak();
   }
   void insert(Int index, Handle<T> handle) {
-    this->checkIndex(index, this->count() + 1);
+    checkGap(index);
     auto& handles = this->handles();
     if (index == handles.count()) {
       handles.append(handle.get());
@@ -63,7 +63,7 @@ class ElementStore : public ElementArray<T> {
   }
   /// Inserts all elements as one block before `index`.
   void insert(Int index, const ElementArray<T>& elements) {
-    this->checkIndex(index, this->count() + 1);
+    checkGap(index);
     const ElementStore source(elements);
     this->handles().openGap(index, source.count());
     for (BoxHeader* box : source.boxes()) {
@@ -131,7 +131,7 @@ class ElementStore : public ElementArray<T> {
   /// `to` of the array without them. Gives them highest index first.
   ElementStore moveAscending(std::span<const Int> fromIndexes, Int to) {
     ElementStore moved = removeAtAscending(fromIndexes);
-    this->checkIndex(to, this->count() + 1);
+    checkGap(to);
     ElementStore block = moved;
     std::ranges::reverse(block.boxesToReorder());
     insert(to, block);
@@ -163,6 +163,10 @@ class ElementStore : public ElementArray<T> {
   }
 
  private:
+  // Behind the last element is a place to insert at, too.
+  void checkGap(Int index) const {
+    if (index < 0 || index > this->count()) fatalIndexOutOfRange(index, this->count());
+  }
   bool canOpenAll(std::span<const Int> indexes) const {
     return indexes.empty() || (indexes.front() >= 0 &&
                                indexes.back() < this->count() + static_cast<Int>(indexes.size()));

@@ -6,11 +6,14 @@
 #include <cstddef>
 #include <numeric>
 #include <ranges>
+#include <source_location>
 #include <span>
 #include <utility>
 #include <vector>
 
 #include <Tolvanite/DataStructures/detail/ElementStore.h>
+#include <Tolvanite/Frame/Fatal.h>
+#include <Tolvanite/Frame/NamedSortBlock.h>
 #include <Tolvanite/Frame/SortedInsertion.h>
 #include <Tolvanite/Frame/Types.h>
 #include <Tolvanite/Frame/detail/StableSort.h>
@@ -19,6 +22,14 @@ namespace tolvanite::detail {
 
 template <typename T>
 using OrderBlock = Block<bool(const T&, const T&)>;
+
+/// Stops the process when a sort order has no block.
+template <typename T>
+void requireBlock(const NamedSortBlock<T>& order,
+                  std::source_location location = std::source_location::current()) {
+  if (!order.sortBlock)
+    fatalFailure("The sort order \"" + order.code + "\" has no block", location);
+}
 
 /// Sorts in place; ties keep their order.
 template <typename T>
