@@ -11,7 +11,7 @@
 #include <source_location>
 
 #include <Tolvanite/Frame/Fatal.h>
-#include <Tolvanite/Frame/Optional.h>
+#include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/Types.h>
 #include <Tolvanite/Matrix/MatrixCoordinate.h>
 #include <Tolvanite/Matrix/detail/PulledRange.h>
@@ -25,45 +25,49 @@ class CheckeredWalk : public detail::PulledRange<CheckeredWalk, MatrixCoordinate
   /// negative one is fatal too.
   constexpr CheckeredWalk(Int width, Int height, Int step,
                           std::source_location location = std::source_location::current())
-      : width_(width), height_(width < 1 ? 0 : height), sweeps_(std::min(step, width)) {
+      : width_(width), height_(height), sweeps_(std::min(step, width)), x_(width) {
     if (step == 0) fatalFailure("Division by zero: the step of a checkered walk is 0", location);
     if (step < 0) {
       fatalFailure("The step of a checkered walk is negative: " + textForm(step), location);
     }
+    if (width < 1 || height < 1) width_ = height_ = sweeps_ = x_ = 0;
   }
 
-  /// The next coordinate; absent behind the last.
-  constexpr Optional<MatrixCoordinate> next() {
-    if (y_ >= height_) return {};
-    const MatrixCoordinate current(x_, y_);
+  /// Sets `coordinate` to the next one; false behind the last.
+  constexpr bool pull(MatrixCoordinate& coordinate) {
     if (sweeps_ < width_ - x_) {
       x_ += sweeps_;
-    } else {
-      beginRow();
+    } else if (!beginRow()) {
+      return false;
     }
-    return current;
+    coordinate = {x_, y_};
+    return true;
   }
 
  private:
   // The first cell of the next row, or of the next sweep behind the last row. `rowStart_` is the
   // column where the row behind begins: (sweep + y) % sweeps.
-  constexpr void beginRow() {
-    if (++y_ == height_) {
-      if (++sweep_ == sweeps_) return;
+  constexpr bool beginRow() {
+    if (y_ < height_ - 1) {
+      ++y_;
+    } else {
+      if (sweep_ >= sweeps_ - 1) return false;
       y_ = 0;
-      rowStart_ = sweep_;
+      rowStart_ = ++sweep_;
     }
     x_ = rowStart_;
     if (++rowStart_ == sweeps_) rowStart_ = 0;
+    return true;
   }
 
   Int width_;
   Int height_;
   Int sweeps_;
-  Int x_ = 0;
-  Int y_ = 0;
+  // What was pulled last, and before that the end of a row in front of the first one.
+  Int x_;
+  Int y_ = -1;
   Int sweep_ = 0;
-  Int rowStart_ = sweeps_ == 1 ? 0 : 1;
+  Int rowStart_ = 0;
 };
 
 }  // namespace tolvanite

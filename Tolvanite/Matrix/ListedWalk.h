@@ -8,7 +8,6 @@
 #include <vector>
 
 #include <Tolvanite/Frame/Fatal.h>
-#include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/Shuffling.h>
 #include <Tolvanite/Frame/Types.h>
 #include <Tolvanite/Matrix/MatrixCoordinate.h>
@@ -31,10 +30,11 @@ class RandomWalk : public detail::PulledRange<RandomWalk, MatrixCoordinate> {
     shuffle(positions_, location);
   }
 
-  /// The next coordinate; absent behind the last.
-  Optional<MatrixCoordinate> next() {
-    if (place_ == positions_.size()) return {};
-    return detail::rowMajorCoordinate<MatrixCoordinate>(positions_[place_++], width_);
+  /// Sets `coordinate` to the next one; false behind the last.
+  bool pull(MatrixCoordinate& coordinate) {
+    if (place_ == positions_.size()) return false;
+    coordinate = detail::rowMajorCoordinate<MatrixCoordinate>(positions_[place_++], width_);
+    return true;
   }
 
  private:
@@ -54,12 +54,13 @@ class GivenWalk : public detail::PulledRange<GivenWalk, MatrixCoordinate> {
         coordinates_(std::move(coordinates)),
         location_(location) {}
 
-  /// The next coordinate; absent behind the last.
-  Optional<MatrixCoordinate> next() {
-    if (place_ == count_) return {};
+  /// Sets `coordinate` to the next one; false behind the last.
+  bool pull(MatrixCoordinate& coordinate) {
+    if (place_ == count_) return false;
     const auto length = static_cast<Int>(coordinates_.size());
     if (place_ >= length) fatalIndexOutOfRange(place_, length, location_);
-    return coordinates_[static_cast<std::size_t>(place_++)];
+    coordinate = coordinates_[static_cast<std::size_t>(place_++)];
+    return true;
   }
 
  private:

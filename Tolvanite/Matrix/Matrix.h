@@ -137,9 +137,9 @@ class Matrix {
   }
   /// @}
   /// All visible rows, from y = 0 on.
-  auto rows() const {
+  auto rows(std::source_location location = std::source_location::current()) const {
     return std::views::iota(Int{0}, std::max(size().height, Int{0})) |
-           std::views::transform([this](Int y) { return row(y); });
+           std::views::transform([this, location](Int y) { return row(y, location); });
   }
 
   // Counts

@@ -20,10 +20,11 @@ class RawCellWalk : public detail::PulledRange<RawCellWalk<Element>, Optional<El
  public:
   explicit RawCellWalk(detail::CellStorage<Element> storage) : storage_(std::move(storage)) {}
 
-  /// The next cell, which may be absent itself; absent behind the last.
-  Optional<Optional<Element>> next() {
-    if (index_ == storage_.count()) return {};
-    return Optional<Optional<Element>>(std::in_place, storage_.read(index_++));
+  /// Sets `cell` to the next one, which may be absent; false behind the last.
+  bool pull(Optional<Element>& cell) {
+    if (index_ == storage_.count()) return false;
+    cell = storage_.read(index_++);
+    return true;
   }
 
  private:
@@ -39,12 +40,12 @@ class SetCoordinateWalk : public detail::PulledRange<SetCoordinateWalk<Element>,
                     std::source_location location)
       : storage_(std::move(storage)), layout_(layout), location_(location) {}
 
-  /// The next coordinate; absent behind the last.
-  Optional<MatrixCoordinate> next() {
-    for (; index_ < storage_.count(); ++index_) {
-      if (storage_.isFilled(index_)) return layout_.coordinateForRawIndex(index_++, location_);
-    }
-    return {};
+  /// Sets `coordinate` to the next one; false behind the last.
+  bool pull(MatrixCoordinate& coordinate) {
+    while (index_ < storage_.count() && !storage_.isFilled(index_)) ++index_;
+    if (index_ == storage_.count()) return false;
+    coordinate = layout_.coordinateForRawIndex(index_++, location_);
+    return true;
   }
 
  private:

@@ -33,10 +33,10 @@ RandomOuterLineWalk::RandomOuterLineWalk(Int width, Int height)
   beginLine();
 }
 
-Optional<MatrixCoordinate> RandomOuterLineWalk::next() {
-  const Optional<MatrixCoordinate> result = current_;
-  if (result.isNone()) return result;
-  current_ = result->coordinateTo(direction_, 1, MatrixSize(width_, height_));
+bool RandomOuterLineWalk::pull(MatrixCoordinate& coordinate) {
+  if (current_.isNone()) return false;
+  coordinate = *current_;
+  current_ = coordinate.coordinateTo(direction_, 1, MatrixSize(width_, height_));
   if (current_.isNone() || isBehindLine(*current_)) {
     if (maxY_ >= minY_ && maxX_ >= minX_) {
       beginLine();
@@ -44,7 +44,7 @@ Optional<MatrixCoordinate> RandomOuterLineWalk::next() {
       current_.reset();
     }
   }
-  return result;
+  return true;
 }
 
 // Draws a corner and one of its two outer lines, which is taken off the rectangle at once.

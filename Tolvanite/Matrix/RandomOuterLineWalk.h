@@ -23,9 +23,9 @@ class TOLVANITE_EXPORT RandomOuterLineWalk
   /// up without looking.
   RandomOuterLineWalk(Int width, Int height);
 
-  /// The next coordinate; absent behind the last. Draws when a line is at its end and cells are
-  /// left.
-  Optional<MatrixCoordinate> next();
+  /// Sets `coordinate` to the next one; false behind the last. Draws when a line is at its end and
+  /// cells are left.
+  bool pull(MatrixCoordinate& coordinate);
 
  private:
   void beginLine();

@@ -12,7 +12,6 @@
 #include <source_location>
 
 #include <Tolvanite/Frame/Fatal.h>
-#include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/Types.h>
 #include <Tolvanite/Matrix/MatrixCoordinate.h>
 #include <Tolvanite/Matrix/detail/PulledRange.h>
@@ -34,16 +33,16 @@ class SpiralWalk : public detail::PulledRange<SpiralWalk, MatrixCoordinate> {
     if (!isDone_) isLast_ = checkedMultiply(width, height, location) == 1;
   }
 
-  /// The next coordinate; absent behind the last.
-  constexpr Optional<MatrixCoordinate> next() {
-    if (isDone_) return {};
-    const MatrixCoordinate current(x_, y_);
+  /// Sets `coordinate` to the next one; false behind the last.
+  constexpr bool pull(MatrixCoordinate& coordinate) {
+    if (isDone_) return false;
+    coordinate = {x_, y_};
     if (isLast_) {
       isDone_ = true;
     } else {
       step();
     }
-    return current;
+    return true;
   }
 
  private:

@@ -17,18 +17,15 @@ bool addProduct(Int& sum, Int a, Int b) {
   return !__builtin_mul_overflow(a, b, &product) && !__builtin_add_overflow(sum, product, &sum);
 }
 
-// The storage index of a visible cell; absent if it lies outside of the storage or no Int holds a
-// step on the way to it.
-Optional<Int> indexWithin(const TransformationMatrix& inverse, MatrixSize originalSize,
-                          MatrixCoordinate coordinate) {
-  Int x = inverse.tx;
-  Int y = inverse.ty;
-  if (!addProduct(x, inverse.a, coordinate.x) || !addProduct(x, inverse.c, coordinate.y)) return {};
-  if (!addProduct(y, inverse.b, coordinate.x) || !addProduct(y, inverse.d, coordinate.y)) return {};
-  Int index = x;
-  if (!addProduct(index, y, originalSize.width)) return {};
-  if (index < 0 || index >= originalSize.count()) return {};
-  return index;
+// The storage index of a visible cell, which may lie outside of the storage; absent if no Int holds
+// it or a step on the way to it.
+Optional<Int> linearIndex(const TransformationMatrix& inverse, Int width, Int x, Int y) {
+  Int originalX = inverse.tx;
+  Int originalY = inverse.ty;
+  const bool isHeld = addProduct(originalX, inverse.a, x) && addProduct(originalX, inverse.c, y) &&
+                      addProduct(originalY, inverse.b, x) && addProduct(originalY, inverse.d, y);
+  Int index = originalX;
+  return isHeld && addProduct(index, originalY, width) ? Optional<Int>(index) : Optional<Int>();
 }
 
 }  // namespace
@@ -52,33 +49,30 @@ void MatrixLayout::setTransform(const TransformationMatrix& transform,
 }
 
 void MatrixLayout::deriveSteps() {
-  safeWidth_ = 0;
-  safeHeight_ = 0;
+  first_ = columnStep_ = rowStep_ = limit_ = 0;
   if (size_.width < 1 || size_.height < 1) return;
   const Int right = size_.width - 1;
   const Int top = size_.height - 1;
   const auto indexOf = [&](Int x, Int y) {
-    return indexWithin(inverseTransform_, originalSize_, {x, y});
+    return linearIndex(inverseTransform_, originalSize_.width, x, y);
   };
   const std::array corners{indexOf(0, 0), indexOf(right, 0), indexOf(0, top), indexOf(right, top)};
   for (const auto& corner : corners) {
     if (corner.isNone()) return;
   }
   first_ = *corners[0];
-  columnStep_ = right == 0 ? 0 : (*corners[1] - first_) / right;
-  rowStep_ = top == 0 ? 0 : (*corners[2] - first_) / top;
-  safeWidth_ = static_cast<std::uint64_t>(size_.width);
-  safeHeight_ = static_cast<std::uint64_t>(size_.height);
+  if (right > 0) columnStep_ = *indexOf(1, 0) - first_;
+  if (top > 0) rowStep_ = *indexOf(0, 1) - first_;
+  limit_ = originalSize_.count();
 }
 
-Int MatrixLayout::checkedStorageIndex(MatrixCoordinate coordinate,
-                                      std::source_location location) const {
+void MatrixLayout::fail(MatrixCoordinate coordinate, std::source_location location) const {
   if (!size_.contains(coordinate)) failBounds(coordinate, location);
-  const MatrixCoordinate original = coordinate.transformed(inverseTransform_, location);
-  const Int index = originalSize_.indexForCoordinate(original, location);
   const Int count = originalSize_.count(location);
-  if (index < 0 || index >= count) fatalIndexOutOfRange(index, count, location);
-  return index;
+  const auto index =
+      linearIndex(inverseTransform_, originalSize_.width, coordinate.x, coordinate.y);
+  if (limit_ == 0 || index.isNone()) fatalOverflow(location);
+  fatalIndexOutOfRange(*index, count, location);
 }
 
 LineOfIndexes MatrixLayout::row(Int y, std::source_location location) const {

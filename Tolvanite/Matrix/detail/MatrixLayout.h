@@ -23,10 +23,8 @@ struct LineOfIndexes {
 /// under the inverse transformation.
 ///
 /// As that index is linear in x and y, it is computed with two steps and a start that are derived
-/// once. If the cells in the corners lie within the storage, all do: then no access needs more than
-/// the test of its coordinate against the size. Of a transformation that leads out of the storage,
-/// or beyond the integers, no cell is taken to be safe (`safeWidth_` is 0), and every access takes
-/// the long way with all its tests.
+/// once. All visible cells have indexes without overflow if those in the corners have; of a
+/// transformation that leads a corner beyond the integers no cell can be accessed at all.
 class MatrixLayout {
  public:
   MatrixLayout() = default;
@@ -44,11 +42,14 @@ class MatrixLayout {
   /// The storage index of a cell. A coordinate outside of the visible size is fatal, and so is one
   /// that a transformation leads out of the storage.
   Int storageIndex(MatrixCoordinate coordinate, std::source_location location) const {
-    if (static_cast<std::uint64_t>(coordinate.x) < safeWidth_ &&
-        static_cast<std::uint64_t>(coordinate.y) < safeHeight_) [[likely]] {
-      return first_ + coordinate.x * columnStep_ + coordinate.y * rowStep_;
+    // Nothing that returns is called here: so loops over cells keep the fields in registers.
+    if (isBeyond(coordinate.x, size_.width) || isBeyond(coordinate.y, size_.height)) [[unlikely]] {
+      fail(coordinate, location);
     }
-    return checkedStorageIndex(coordinate, location);
+    const Int index = first_ + coordinate.x * columnStep_ + coordinate.y * rowStep_;
+    if (isBeyond(index, limit_)) [[unlikely]]
+      fail(coordinate, location);
+    return index;
   }
 
   /// The storage indexes of a visible row or column, which must lie within the storage.
@@ -62,17 +63,21 @@ class MatrixLayout {
                                                           std::source_location location) const;
 
  private:
-  TOLVANITE_EXPORT Int checkedStorageIndex(MatrixCoordinate coordinate,
-                                           std::source_location location) const;
-  void deriveSteps();
+  // Whether a value is none of 0 to `end` - 1. A negative `end` is none: see `limit_`.
+  static bool isBeyond(Int value, Int end) {
+    return static_cast<std::uint64_t>(value) >= static_cast<std::uint64_t>(end);
+  }
+  [[noreturn]] TOLVANITE_EXPORT void fail(MatrixCoordinate coordinate,
+                                          std::source_location location) const;
   [[noreturn]] void failBounds(MatrixCoordinate coordinate, std::source_location location) const;
+  void deriveSteps();
 
   MatrixSize size_;
-  std::uint64_t safeWidth_ = 0;
-  std::uint64_t safeHeight_ = 0;
   Int first_ = 0;
   Int columnStep_ = 0;
   Int rowStep_ = 0;
+  // The count of the storage; 0 if no cell can be accessed.
+  Int limit_ = 0;
   MatrixSize originalSize_;
   TransformationMatrix transform_;
   TransformationMatrix inverseTransform_;

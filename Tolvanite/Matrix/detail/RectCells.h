@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <iterator>
 
-#include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/Types.h>
 #include <Tolvanite/Matrix/detail/PulledRange.h>
 
@@ -22,10 +21,10 @@ class RectWalk : public PulledRange<RectWalk<Coordinate>, Coordinate> {
         endRow_(endRow),
         done_(endColumn < startColumn || endRow < startRow) {}
 
-  /// The next coordinate; absent behind the last.
-  constexpr Optional<Coordinate> next() {
-    if (done_) return {};
-    const Coordinate current(x_, y_);
+  /// Sets `coordinate` to the next one; false behind the last.
+  constexpr bool pull(Coordinate& coordinate) {
+    if (done_) return false;
+    coordinate = {x_, y_};
     // Compared before it is raised: a rect may end at the highest Int.
     if (x_ != endColumn_) {
       ++x_;
@@ -35,7 +34,7 @@ class RectWalk : public PulledRange<RectWalk<Coordinate>, Coordinate> {
     } else {
       done_ = true;
     }
-    return current;
+    return true;
   }
 
  private:
@@ -56,13 +55,13 @@ class RectIterator {
   using value_type = Coordinate;
   using difference_type = std::ptrdiff_t;
 
-  RectIterator() = default;
+  constexpr RectIterator() = default;
   constexpr explicit RectIterator(RectWalk<Coordinate> walk)
-      : walk_(walk), current_(walk_->next()) {}
+      : walk_(walk), isAtEnd_(!walk_.pull(current_)) {}
 
-  constexpr Coordinate operator*() const { return *current_; }
+  constexpr Coordinate operator*() const { return current_; }
   constexpr RectIterator& operator++() {
-    current_ = walk_->next();
+    isAtEnd_ = !walk_.pull(current_);
     return *this;
   }
   constexpr RectIterator operator++(int) {
@@ -71,15 +70,16 @@ class RectIterator {
     return before;
   }
   friend constexpr bool operator==(const RectIterator& a, const RectIterator& b) {
-    return a.current_ == b.current_;
+    return a.isAtEnd_ == b.isAtEnd_ && (a.isAtEnd_ || a.current_ == b.current_);
   }
   friend constexpr bool operator==(const RectIterator& a, std::default_sentinel_t) {
-    return a.current_.isNone();
+    return a.isAtEnd_;
   }
 
  private:
-  Optional<RectWalk<Coordinate>> walk_;
-  Optional<Coordinate> current_;
+  RectWalk<Coordinate> walk_{0, -1, 0, -1};
+  Coordinate current_;
+  bool isAtEnd_ = true;
 };
 
 }  // namespace tolvanite::detail
