@@ -7,7 +7,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <iterator>
 #include <ostream>
 #include <source_location>
 #include <string>
@@ -38,7 +37,7 @@ struct IntRect {
   constexpr detail::RectIterator<IntCoordinate> begin() const {
     return detail::RectIterator<IntCoordinate>(makeIterator());
   }
-  constexpr std::default_sentinel_t end() const noexcept { return {}; }
+  constexpr detail::RectIterator<IntCoordinate> end() const { return {}; }
 
   /// "IntRect(WIDTH x HEIGHT: startColumn: C, endColumn: C, startRow: R, endRow: R))", the second
   /// bracket at the end deliberately included.

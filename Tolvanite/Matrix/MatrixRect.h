@@ -10,7 +10,6 @@
 
 #include <cstddef>
 #include <functional>
-#include <iterator>
 #include <ostream>
 #include <source_location>
 #include <string>
@@ -80,7 +79,7 @@ struct TOLVANITE_EXPORT MatrixRect {
   constexpr detail::RectIterator<MatrixCoordinate> begin() const {
     return detail::RectIterator<MatrixCoordinate>(makeIterator());
   }
-  constexpr std::default_sentinel_t end() const noexcept { return {}; }
+  constexpr detail::RectIterator<MatrixCoordinate> end() const { return {}; }
 
   /// "MatrixRect(WIDTH x HEIGHT: startColumn: C, endColumn: C, startRow: R, endRow: R))", the
   /// second bracket at the end deliberately included.

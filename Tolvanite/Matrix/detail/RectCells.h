@@ -55,6 +55,7 @@ class RectIterator {
   using value_type = Coordinate;
   using difference_type = std::ptrdiff_t;
 
+  /// The end of any rect.
   constexpr RectIterator() = default;
   constexpr explicit RectIterator(RectWalk<Coordinate> walk)
       : walk_(walk), isAtEnd_(!walk_.pull(current_)) {}
@@ -71,9 +72,6 @@ class RectIterator {
   }
   friend constexpr bool operator==(const RectIterator& a, const RectIterator& b) {
     return a.isAtEnd_ == b.isAtEnd_ && (a.isAtEnd_ || a.current_ == b.current_);
-  }
-  friend constexpr bool operator==(const RectIterator& a, std::default_sentinel_t) {
-    return a.isAtEnd_;
   }
 
  private:
