@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <memory>
 
 #include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/Unicode.h>
@@ -23,8 +24,8 @@ Optional<Int> integerIn(std::string_view text) {
     if (text.starts_with('-')) return {};
   }
   Int value = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, value);
+  const char* const end = std::to_address(text.end());
+  const auto [stop, error] = std::from_chars(std::to_address(text.begin()), end, value);
   if (error != std::errc() || stop != end) return {};
   return value;
 }

@@ -15,6 +15,9 @@ namespace tolvanite {
 
 template <typename Element>
 struct MatrixPixel {
+  MatrixCoordinate coordinate;
+  Element content;
+
   /// "MatrixPixel(COORDINATE, CONTENT)".
   std::string description() const
     requires HasTextForm<Element>
@@ -32,9 +35,6 @@ struct MatrixPixel {
   {
     return out << pixel.description();
   }
-
-  MatrixCoordinate coordinate;
-  Element content;
 };
 
 }  // namespace tolvanite

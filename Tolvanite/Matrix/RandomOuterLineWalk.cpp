@@ -63,7 +63,7 @@ void RandomOuterLineWalk::beginLine() {
 }
 
 bool RandomOuterLineWalk::isBehindLine(MatrixCoordinate coordinate) const {
-  switch (direction_) {
+  switch (const Direction::Value heading = direction_; heading) {
     case Direction::up:
       return coordinate.y == maxY_ + 1;
     case Direction::left:
