@@ -57,9 +57,11 @@ class ElementArray {
 
     detail::BoxHeader* const* position_ = nullptr;
   };
+  /// The same for the standard ranges.
   using const_iterator = Iterator;
 
   ElementArray() = default;
+  /// These elements.
   ElementArray(std::initializer_list<T> elements) { appendAll(elements); }
   /// The elements of any range. Linear.
   template <std::ranges::input_range Range>
@@ -69,22 +71,32 @@ class ElementArray {
     appendAll(std::forward<Range>(elements));
   }
 
+  /// How many elements there are.
   Int count() const noexcept { return content_ ? content_->handles.count() : 0; }
+  /// Whether there is none.
   bool isEmpty() const noexcept { return count() == 0; }
+  /// The same for the standard ranges.
+  /// @{
   std::size_t size() const noexcept { return static_cast<std::size_t>(count()); }
   bool empty() const noexcept { return isEmpty(); }
+  /// @}
 
   /// The element at `index`; an index out of range is fatal.
   const T& operator[](Int index) const {
     checkIndex(index, count());
     return detail::boxOf<T>(content_->handles.data()[index])->value;
   }
+  /// The first and the last element; fatal when there is none.
+  /// @{
   const T& front() const { return (*this)[0]; }
   const T& back() const { return (*this)[count() - 1]; }
+  /// @}
 
+  /// The first element.
   Iterator begin() const noexcept {
     return Iterator(content_ ? content_->handles.data() : nullptr);
   }
+  /// Behind the last.
   Iterator end() const noexcept { return begin() + count(); }
 
   /// "[a, b]".
@@ -106,6 +118,7 @@ class ElementArray {
   }
 
  protected:
+  /// @cond
   struct Content {
     Content() = default;
     Content(const Content& other) : handles(other.handles) {
@@ -149,6 +162,7 @@ class ElementArray {
   }
 
   detail::Counted<Content> content_;
+  /// @endcond
 };
 
 template <typename Range>

@@ -66,9 +66,11 @@ class ElementSet {
     const Slot* slot_ = nullptr;
     const Slot* end_ = nullptr;
   };
+  /// The same for the standard ranges.
   using const_iterator = Iterator;
 
   ElementSet() = default;
+  /// These elements.
   ElementSet(std::initializer_list<T> elements) { insertAll(elements); }
   /// The elements of any range; of equal ones the first. Linear.
   template <std::ranges::input_range Range>
@@ -78,10 +80,15 @@ class ElementSet {
     insertAll(std::forward<Range>(elements));
   }
 
+  /// How many elements there are.
   Int count() const noexcept { return table_.count(); }
+  /// Whether there is none.
   bool isEmpty() const noexcept { return count() == 0; }
+  /// The same for the standard ranges.
+  /// @{
   std::size_t size() const noexcept { return static_cast<std::size_t>(count()); }
   bool empty() const noexcept { return isEmpty(); }
+  /// @}
 
   /// Whether an element that equals this one is stored. Constant on the average.
   bool contains(const T& element) const { return table_.find(element) != nullptr; }
@@ -92,10 +99,12 @@ class ElementSet {
     return box ? &box->value : nullptr;
   }
 
+  /// The first element.
   Iterator begin() const noexcept {
     const auto slots = table_.slots();
     return {slots.data(), slots.data() + slots.size()};
   }
+  /// Behind the last.
   Iterator end() const noexcept {
     const auto slots = table_.slots();
     return {slots.data() + slots.size(), slots.data() + slots.size()};
@@ -121,6 +130,7 @@ class ElementSet {
   }
 
  protected:
+  /// @cond
   using Handle = detail::Handle<T>;
 
   // Adds a box unless an equal element is stored; whether it did.
@@ -144,6 +154,7 @@ class ElementSet {
   }
 
   detail::SharedTable<T, detail::ByElement<T>> table_;
+  /// @endcond
 };
 
 template <typename Range>

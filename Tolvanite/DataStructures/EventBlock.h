@@ -23,7 +23,9 @@ class EventBlock : public Block<Signature> {
 
  public:
   EventBlock() = default;
+  /// No block.
   EventBlock(std::nullptr_t /*absent*/) noexcept {}
+  /// A block that calls this.
   template <typename Callable>
     requires(!std::same_as<std::remove_cvref_t<Callable>, EventBlock> &&
              std::constructible_from<Base, Callable>)

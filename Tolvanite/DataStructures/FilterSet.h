@@ -56,7 +56,9 @@ template <HashableElement T>
 class FilterSet : public detail::Described {
  public:
   using value_type = T;
+  /// What subscribers set up.
   using Observer = FilterSetObserver<T>;
+  /// The errors that are reported.
   using Errur = SetErrur;
   /// True for the elements of the in set; an empty block lets all pass.
   using FilterBlock = Block<bool(const T&)>;
@@ -105,11 +107,14 @@ class FilterSet : public detail::Described {
   const ElementSet<T>& inElements() const noexcept { return in_; }
   /// The elements that do not pass.
   const ElementSet<T>& outElements() const noexcept { return out_; }
+  /// Whether both sides are empty.
   bool isEmpty() const noexcept { return count() == 0; }
+  /// How many elements both sides hold.
   Int count() const noexcept { return in_.count() + out_.count(); }
   /// The same for the standard ranges.
   std::size_t size() const noexcept { return in_.size() + out_.size(); }
 
+  /// Whether an equal element is on either side.
   bool contains(const T& element) const { return find(element) != nullptr; }
   /// The stored element that equals this one, sought in the in set first, or absent.
   Optional<T> operator[](const T& element) const {
@@ -125,8 +130,11 @@ class FilterSet : public detail::Described {
   /// more than 32 bits is fatal.
   Optional<T> randomInElement() const;
 
+  /// Goes over the in set and then the out set as they stand at the call.
   Iterator begin() const { return {in_, out_}; }
+  /// Behind the last element.
   std::default_sentinel_t end() const noexcept { return {}; }
+  /// `begin()`.
   Iterator makeIterator() const { return begin(); }
 
   /// "FilterSet(in N, out M)".
@@ -140,6 +148,7 @@ class FilterSet : public detail::Described {
 
   // Filtering
 
+  /// The filter; empty when there is none.
   const FilterBlock& filterBlock() const noexcept {
     static const FilterBlock none;
     return filterBlock_ ? *filterBlock_ : none;
@@ -158,6 +167,7 @@ class FilterSet : public detail::Described {
   /// before it stay. Two texts in braces can also be read as one element: name the type,
   /// `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements);
+  /// The same for texts in braces.
   void insert(std::initializer_list<T> elements)
     requires detail::IsText<T>
   {

@@ -59,8 +59,11 @@ class Kerray final
  public:
   using IndexedCollection<Kerray, T>::count;
   using IndexedCollection<Kerray, T>::isEmpty;
+  /// The type of the keys.
   using Key = KeyType<T>;
+  /// What subscribers set up.
   using Observer = KerrayObserver<T>;
+  /// The errors that are reported.
   using Errur = KerrayErrur;
 
   /// An empty Kerray.
@@ -92,6 +95,7 @@ class Kerray final
   Optional<Int> indexOf(const T& element) const {
     return indexOfKey(ElementTraits<T>::key(element));
   }
+  /// The same for a key.
   Optional<Int> indexOfKey(const Key& key) const {
     const Int index = firstIndexWithKey(key);
     return index < 0 ? Optional<Int>() : Optional<Int>(index);
@@ -118,15 +122,18 @@ class Kerray final
   /// Inserts behind all others. Throws `elementAlreadyPresent`, and changes nothing, when its key
   /// is present. Constant on the average.
   void append(const T& element) { insertChecked(element, count()); }
+  /// The same.
   void append(T&& element) { insertChecked(std::move(element), count()); }
   /// Inserts before the element at `atIndex`. Throws like `append`.
   void insert(const T& element, Int atIndex) { insertChecked(element, atIndex); }
+  /// The same.
   void insert(T&& element, Int atIndex) { insertChecked(std::move(element), atIndex); }
   /// The same for an element whose key is known to be absent. If it is not, both elements stand in
   /// the array, and the key leads to the later one.
   void appendWithoutContainsCheck(T element) {
     insertWithoutContainsCheck(std::move(element), count());
   }
+  /// The same before the element at `atIndex`.
   void insertWithoutContainsCheck(T element, Int atIndex);
 
   /// `insertMultiple` behind all others, with the test.
@@ -183,6 +190,7 @@ class Kerray final
   /// Removes the element and returns it; absent, without an event, when there is none. Event:
   /// `removed`. One shift.
   Optional<T> removeElementWithKey(const Key& key);
+  /// The same for the key of an element.
   Optional<T> remove(const T& element) {
     return removeElementWithKey(ElementTraits<T>::key(element));
   }

@@ -18,6 +18,7 @@ namespace tolvanite {
 /// Spelt so on purpose. Compares by its case and payload.
 class TOLVANITE_EXPORT KerrayErrur final : public Error {
  public:
+  /// What is reported.
   enum class Case { elementAlreadyPresent, elementsAlreadyPresent };
 
   /// `element`: the element described as text.
@@ -31,6 +32,7 @@ class TOLVANITE_EXPORT KerrayErrur final : public Error {
     return errorCase == other.errorCase && count == other.count && text == other.text;
   }
 
+  /// What is reported.
   Case errorCase;
   /// How many elements were present.
   Int count;

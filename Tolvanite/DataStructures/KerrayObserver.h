@@ -26,8 +26,11 @@ class KerrayObserver final : public detail::FollowingObserver<detail::KerrayFoll
  public:
   using detail::FollowingObserver<detail::KerrayFollower<T>>::FollowingObserver;
 
+  /// The whole content was replaced.
   EventBlock<void(Kerray<T>&)> replacedContent;
+  /// All was removed; sent also when there was nothing.
   EventBlock<void(Kerray<T>&)> removedAll;
+  /// A new element stands at `index`.
   EventBlock<void(Kerray<T>&, Int index, const T& element)> inserted;
   /// The index is that of the first inserted element.
   EventBlock<void(Kerray<T>&, Int index, const ElementArray<T>& elements)>
@@ -40,9 +43,12 @@ class KerrayObserver final : public detail::FollowingObserver<detail::KerrayFoll
   /// Highest index first, so that the removals can be applied one after the other.
   EventBlock<void(Kerray<T>&, const std::vector<Int>& indexes, const ElementArray<T>& elements)>
       removedMultiple;
+  /// An element has new content.
   EventBlock<void(Kerray<T>&, Int index, const T& newElement)> updated;
+  /// Several elements have new content.
   EventBlock<void(Kerray<T>&, const std::vector<Int>& indexes, const ElementArray<T>& newElements)>
       updatedMultiple;
+  /// An element now stands at `to`.
   EventBlock<void(Kerray<T>&, Int from, Int to, const T& element)> moved;
   /// `to` is the final index of the first moved element; the elements come highest index first.
   EventBlock<void(Kerray<T>&, const std::vector<Int>& fromIndexes, Int to,

@@ -63,6 +63,8 @@ concept IsText = std::convertible_to<const char*, T>;
 /// other means than a member `key`.
 template <typename T>
 struct ElementTraits {
+  /// The key of an element, or of what a pointer points to.
+  /// @{
   static decltype(auto) key(const T& element)
     requires detail::HasKeyFunction<T>
   {
@@ -78,7 +80,9 @@ struct ElementTraits {
   {
     return ElementTraits<std::remove_cvref_t<decltype(*pointer)>>::key(*pointer);
   }
+  /// @}
 
+  /// Whether two elements are the same one, or what two pointers point to.
   static bool equal(const T& a, const T& b)
     requires std::equality_comparable<T>
   {
@@ -89,6 +93,7 @@ struct ElementTraits {
     }
   }
 
+  /// In accordance with the equality: the element's own hash.
   static std::size_t hash(const T& element)
     requires detail::IsHashable<T>
   {
@@ -100,6 +105,7 @@ struct ElementTraits {
   {
     return std::hash<std::remove_cvref_t<decltype(key(element))>>{}(key(element));
   }
+  /// The hash of what a pointer points to.
   static std::size_t hash(const T& pointer)
     requires detail::PointsToElement<T>
   {

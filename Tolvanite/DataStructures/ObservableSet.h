@@ -52,7 +52,9 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
                                                     detail::ObservableSetFollower<T>>,
                             public SetCollection<ObservableSet<T>, T> {
  public:
+  /// What subscribers set up.
   using Observer = ObservableSetObserver<T>;
+  /// The errors that are reported.
   using Errur = SetErrur;
 
   /// A set of these elements; of equal ones the first.
@@ -104,6 +106,7 @@ class ObservableSet final : public detail::Followed<ObservableSet<T>, Observable
   /// for one; two texts in braces can be read as either: name the type,
   /// `ElementArray<std::string>{"a", "b"}`.
   ElementSet<T> remove(const ElementArray<T>& elements);
+  /// The same for texts in braces.
   ElementSet<T> remove(std::initializer_list<T> elements)
     requires detail::IsText<T>
   {

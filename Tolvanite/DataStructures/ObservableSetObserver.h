@@ -23,13 +23,17 @@ class ObservableSetObserver final
  public:
   using detail::FollowingObserver<detail::ObservableSetFollower<T>>::FollowingObserver;
 
+  /// The whole content was replaced.
   EventBlock<void(ObservableSet<T>&)> replacedContent;
   /// Comes after `replacedContent` was told to all, with what the set held before.
   EventBlock<void(ObservableSet<T>&, const ElementSet<T>& oldContent)> replacedContentOldContent;
+  /// All was removed; sent also when there was nothing.
   EventBlock<void(ObservableSet<T>&)> removedAll;
+  /// A new element.
   EventBlock<void(ObservableSet<T>&, const T& element)> inserted;
   /// All elements that were to be inserted, also those that were present before, deliberately.
   EventBlock<void(ObservableSet<T>&, const ElementArray<T>& elements)> insertedMultiple;
+  /// An element has new content.
   EventBlock<void(ObservableSet<T>&, const T& newElement)> updated;
   /// All elements that were to be updated, also those that were absent before and that `inserted`
   /// has told of already.

@@ -51,7 +51,9 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
       private detail::ObservableSetFollower<T> {
  public:
   using IndexedCollection<OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet, T>::count;
+  /// What subscribers set up.
   using Observer = OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetObserver<T>;
+  /// The errors that are reported.
   using Errors = OptionallyFilteredAlwaysSortedArray_BasedOnObservableSetErrors;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
@@ -69,11 +71,14 @@ class OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet final
   /// The registry of whoever wants to hear of changes.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The base, which the view keeps alive.
   const std::shared_ptr<ObservableSet<T>>& baseSet() const noexcept { return baseSet_; }
+  /// The order that is set.
   const NamedSortBlock<T>& sortBlock() const noexcept { return sortBlock_; }
   /// Sorts anew and sends `sortingChanged`. A block with an equal code is stored, and nothing else
   /// happens.
   void setSortBlock(NamedSortBlock<T> sortBlock);
+  /// The filter; empty when there is none.
   const FilterBlock& filterBlock() const noexcept { return filterBlock_; }
   /// Filters and sorts anew and sends `filterChanged`, unless there is no filter before and after.
   void setFilterBlock(FilterBlock filterBlock);

@@ -74,11 +74,15 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
  public:
   using IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray, T>::count;
   using IndexedCollection<OptionallyFilteredOptionallySortedArray_BasedOnKerray, T>::isEmpty;
+  /// The type of the keys.
   using Key = KeyType<T>;
+  /// What subscribers set up.
   using Observer = OptionallyFilteredOptionallySortedArray_BasedOnKerrayObserver<T>;
+  /// The errors that are reported.
   using Errors = OptionallyFilteredOptionallySortedArray_BasedOnKerrayErrors;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
+  /// An order, or none.
   using SortBlock = Optional<NamedSortBlock<T>>;
 
   /// A view of `baseKerray`. One filtering and sorting of the base.
@@ -89,16 +93,19 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   /// The registry of whoever wants to hear of changes.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The base, which the view keeps alive.
   const std::shared_ptr<Kerray<T>>& baseKerray() const noexcept { return baseKerray_; }
   /// The view's own array; absent while it reads the base.
   Optional<ElementArray<T>> filteredsortedArray() const {
     return hasOwnArray_ ? Optional<ElementArray<T>>(own_.elements()) : Optional<ElementArray<T>>();
   }
 
+  /// The order that is set.
   const SortBlock& sortBlock() const noexcept { return sortBlock_; }
   /// Sorts anew and sends `sortingChanged`. A block with an equal code is stored, and nothing else
   /// happens.
   void setSortBlock(SortBlock sortBlock);
+  /// The filter; empty when there is none.
   const FilterBlock& filterBlock() const noexcept { return filterBlock_; }
   /// Filters anew and sends `filterChanged`, unless there is no filter before and after.
   void setFilterBlock(FilterBlock filterBlock);
@@ -128,11 +135,15 @@ class OptionallyFilteredOptionallySortedArray_BasedOnKerray final
   void moveFrom(Int from, Int to);
   /// Moves the element at the first index alone, deliberately, as above. No index is fatal.
   void moveFrom(const std::vector<Int>& fromIndexes, Int to);
+  /// The base's `update`.
   Optional<T> update(T element) { return baseKerray_->update(std::move(element)); }
+  /// The base's `remove`.
   Optional<T> remove(const T& element) { return baseKerray_->remove(element); }
+  /// The base's `removeElementWithKey`.
   Optional<T> removeElementWithKey(const Key& key) {
     return baseKerray_->removeElementWithKey(key);
   }
+  /// The base's `removeAll`.
   void removeAll() { baseKerray_->removeAll(); }
 
  private:

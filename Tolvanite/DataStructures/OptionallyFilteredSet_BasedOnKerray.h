@@ -42,6 +42,7 @@ class OptionallyFilteredSet_BasedOnKerray final
       public SetCollection<OptionallyFilteredSet_BasedOnKerray<T>, T>,
       private detail::KerrayFollower<T> {
  public:
+  /// What subscribers set up.
   using Observer = OptionallyFilteredSet_BasedOnKerrayObserver<T>;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
@@ -58,9 +59,11 @@ class OptionallyFilteredSet_BasedOnKerray final
   /// The registry of whoever wants to hear of changes.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The base, which the view keeps alive.
   const std::shared_ptr<Kerray<T>>& baseKerray() const noexcept { return baseKerray_; }
   /// The content. Copying it costs one reference, and the copy keeps the content as it is.
   const ElementSet<T>& inSet() const noexcept { return inSet_; }
+  /// The filter; empty when there is none.
   const FilterBlock& filterBlock() const noexcept { return filterBlock_; }
   /// Filters the base anew and sends `filterChanged`, unless there is no filter before and after.
   void setFilterBlock(FilterBlock filterBlock) {

@@ -18,16 +18,26 @@ template <HashableEquatableKeyedElement T>
 class OptionallyFilteredSet_BasedOnKerrayObserver final : public WeaklyOwnedObject {
  public:
   using WeaklyOwnedObject::WeaklyOwnedObject;
+  /// The first argument of the blocks.
   using View = OptionallyFilteredSet_BasedOnKerray<T>;
 
+  /// There is another filter: read the content anew.
   EventBlock<void(View&)> filterChanged;
+  /// The whole content was replaced.
   EventBlock<void(View&)> replacedContent;
+  /// All was removed; sent also when there was nothing.
   EventBlock<void(View&)> removedAll;
+  /// A new element.
   EventBlock<void(View&, const T& element)> inserted;
+  /// Several new elements.
   EventBlock<void(View&, const ElementSet<T>& elements)> insertedMultiple;
+  /// An element is gone.
   EventBlock<void(View&, const T& element)> removed;
+  /// Several elements are gone.
   EventBlock<void(View&, const ElementSet<T>& elements)> removedMultiple;
+  /// An element has new content.
   EventBlock<void(View&, const T& newElement)> updated;
+  /// Several elements have new content.
   EventBlock<void(View&, const ElementSet<T>& newElements)> updatedMultiple;
 };
 

@@ -41,6 +41,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final
       public SetCollection<OptionallyFilteredSet_BasedOnObservableSet<T>, T>,
       private detail::ObservableSetFollower<T> {
  public:
+  /// What subscribers set up.
   using Observer = OptionallyFilteredSet_BasedOnObservableSetObserver<T>;
   /// True for the elements that the view shows; an empty block stands for no filter.
   using FilterBlock = Block<bool(const T&)>;
@@ -57,12 +58,14 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   /// The registry of whoever wants to hear of changes.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The base, which the view keeps alive.
   const std::shared_ptr<ObservableSet<T>>& baseSet() const noexcept { return baseSet_; }
   /// The elements that pass. Absent without a filter, but for an empty set after the base's
   /// `removedAll`.
   Optional<ElementSet<T>> inElements() const {
     return inElements_ ? Optional<ElementSet<T>>(*inElements_) : Optional<ElementSet<T>>();
   }
+  /// The filter; empty when there is none.
   const FilterBlock& filterBlock() const noexcept { return filterBlock_; }
   /// Filters the base anew and sends `filterChanged`, also when nothing changes.
   void setFilterBlock(FilterBlock filterBlock) {
@@ -90,6 +93,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   void insert(const ElementArray<T>& elements) {
     for (const T& element : ElementArray<T>(elements)) baseSet_->insert(element);
   }
+  /// The same for texts in braces.
   void insert(std::initializer_list<T> elements)
     requires detail::IsText<T>
   {

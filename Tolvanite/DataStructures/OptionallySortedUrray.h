@@ -55,14 +55,19 @@ template <KeyedElement T>
 class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>, T> {
  public:
   using IndexedCollection<OptionallySortedUrray, T>::count;
+  /// The type of the keys.
   using Key = KeyType<T>;
+  /// What subscribers set up.
   using Observer = OptionallySortedUrrayObserver<T>;
+  /// The errors that are reported.
   using ArrayErrors = tolvanite::ArrayErrors;
+  /// An order, or none.
   using SortBlock = Optional<NamedSortBlock<T>>;
 
   /// The registry of whoever wants to hear of changes. Copies of the array start with the same.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The order that is set.
   const SortBlock& sortBlock() const noexcept {
     static const SortBlock none;
     return sortBlock_ ? *sortBlock_ : none;
@@ -84,6 +89,7 @@ class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>,
   bool contains(const T& element) const {
     return containsElementWithKey(ElementTraits<T>::key(element));
   }
+  /// Whether an element with this key is present.
   bool containsElementWithKey(const Key& key) const { return keys_.find(key) != nullptr; }
   /// The element on show with this key, or null. Good until the next change.
   const T* elementWithKey(const Key& key) const {
@@ -95,10 +101,12 @@ class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>,
   Optional<Int> indexOf(const T& element) const {
     return indexOfKey(ElementTraits<T>::key(element));
   }
+  /// The same for a key.
   Optional<Int> indexOfKey(const Key& key) const {
     const Box* box = keys_.find(key);
     return box ? Optional<Int>(indexOfBox(box)) : Optional<Int>();
   }
+  /// `indexOfKey`.
   Optional<Int> indexWith(const Key& key) const { return indexOfKey(key); }
   /// The element at `index`, or absent when that is not below the count.
   Optional<T> atIndex(Int index) const { return this->elementIfAt(index); }
@@ -145,6 +153,7 @@ class OptionallySortedUrray : public IndexedCollection<OptionallySortedUrray<T>,
   Optional<T> remove(const T& element) {
     return removeElementWithKey(ElementTraits<T>::key(element));
   }
+  /// The same for a key.
   Optional<T> removeElementWithKey(const Key& key);
 
  private:

@@ -29,6 +29,7 @@ namespace tolvanite {
 class OwnerToken {
  public:
   OwnerToken() = default;
+  /// Starts without subscriptions.
   OwnerToken(const OwnerToken& /*other*/) noexcept {}
   OwnerToken& operator=(const OwnerToken& /*other*/) noexcept { return *this; }
   ~OwnerToken() { endSubscriptions(); }
@@ -62,11 +63,14 @@ class OwnerToken {
 class Owner {
  public:
   Owner() = default;
+  /// The object that these point to, or the host of the token.
+  /// @{
   template <typename T>
   Owner(const std::shared_ptr<T>& object) : object_(object) {}
   template <typename T>
   Owner(const std::weak_ptr<T>& object) : object_(object) {}
   Owner(const OwnerToken& token) : object_(token.life()), isToken_(true) {}
+  /// @}
 
   /// Whether the object still exists: one load, no lock.
   bool isAlive() const noexcept { return !object_.expired(); }

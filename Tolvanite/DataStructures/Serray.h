@@ -48,8 +48,11 @@ template <KeyedElement T>
 class Serray final : public detail::KeptDuringPasses, public IndexedCollection<Serray<T>, T> {
  public:
   using IndexedCollection<Serray, T>::count;
+  /// The type of the keys.
   using Key = KeyType<T>;
+  /// What subscribers set up.
   using Observer = SerrayObserver<T>;
+  /// The errors that are reported.
   using Errur = SerrayErrur;
 
   /// An empty array in the order "default", by ascending key.
@@ -58,6 +61,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
   /// The registry of whoever wants to hear of changes.
   WeaklyOwnedObjectsSphere<Observer> observers;
 
+  /// The order that is set.
   const NamedSortBlock<T>& sortBlock() const noexcept { return sortBlock_; }
   /// Sorts, and sends `sortingChanged`, also for the same block again. An empty block is fatal.
   void setSortBlock(NamedSortBlock<T> sortBlock);
@@ -69,6 +73,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
 
   /// Whether an element with the same key is present; the element itself is not compared.
   bool contains(const T& element) const { return containsWith(ElementTraits<T>::key(element)); }
+  /// Whether an element with this key is present.
   bool containsWith(const Key& key) const { return keys_.find(key) != nullptr; }
   /// The element with this key, or null. Good until the next change.
   const T* elementWithKey(const Key& key) const {
@@ -79,6 +84,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
   Optional<Int> indexOf(const T& element) const {
     return indexWith(ElementTraits<T>::key(element));
   }
+  /// The same for a key.
   Optional<Int> indexWith(const Key& key) const {
     const auto* box = keys_.find(key);
     return box ? Optional<Int>(indexOfBox(box)) : Optional<Int>();
@@ -112,6 +118,7 @@ class Serray final : public detail::KeptDuringPasses, public IndexedCollection<S
   /// Removes the element with this key and gives it back; absent, without an event, when there is
   /// none. Event: `removed`.
   Optional<T> remove(const T& element) { return removeWith(ElementTraits<T>::key(element)); }
+  /// The same for a key.
   Optional<T> removeWith(const Key& key);
 
  private:

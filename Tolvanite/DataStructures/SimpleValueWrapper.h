@@ -13,6 +13,7 @@ namespace tolvanite {
 template <typename T>
 class SimpleValueWrapper {
  public:
+  /// A wrapper of this value.
   static std::shared_ptr<SimpleValueWrapper> make(T value) {
     return std::shared_ptr<SimpleValueWrapper>(new SimpleValueWrapper(std::move(value)));
   }

@@ -48,6 +48,7 @@ template <UrrayType T>
 class Urray : public IndexedCollection<Urray<T>, T> {
  public:
   using IndexedCollection<Urray, T>::count;
+  /// What subscribers set up.
   using Observer = UrrayObserver<T>;
 
   /// The registry of whoever wants to hear of changes. Copies of the array start with the same.
@@ -95,6 +96,7 @@ class Urray : public IndexedCollection<Urray<T>, T> {
   /// throws; those before it stay. Events: one `inserted` for each. Two texts in braces can also
   /// be read as one element: name the type, `ElementArray<std::string>{"a", "b"}`.
   void insert(const ElementArray<T>& elements, Int atIndex);
+  /// The same for texts in braces.
   void insert(std::initializer_list<T> elements, Int atIndex)
     requires detail::IsText<T>
   {

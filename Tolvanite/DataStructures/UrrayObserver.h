@@ -25,11 +25,15 @@ class UrrayObserver final : public WeaklyOwnedObject {
 
   /// Nothing sends this: there is no operation that replaces the content.
   EventBlock<void(const Urray<T>&)> replacedContent;
+  /// All was removed; sent also when there was nothing.
   EventBlock<void(const Urray<T>&)> removedAll;
+  /// A new element stands at `index`.
   EventBlock<void(const Urray<T>&, Int index, const T& element)> inserted;
   /// The index is the one that the element had.
   EventBlock<void(const Urray<T>&, Int index, const T& element)> removed;
+  /// An element has new content.
   EventBlock<void(const Urray<T>&, Int index, const T& newElement)> updated;
+  /// An element now stands at `to`.
   EventBlock<void(const Urray<T>&, Int from, Int to, const T& element)> moved;
 };
 

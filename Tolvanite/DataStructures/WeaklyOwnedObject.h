@@ -16,6 +16,7 @@ namespace tolvanite {
 /// Holds its owner weakly. The owner is a sign of life and nothing else: it is never passed on.
 class WeaklyOwnedObject {
  public:
+  /// An observer that is called for as long as `owner` lives.
   explicit WeaklyOwnedObject(const Owner& owner) : owner_(owner.reference()) {}
   WeaklyOwnedObject(const WeaklyOwnedObject&) = delete;
   WeaklyOwnedObject& operator=(const WeaklyOwnedObject&) = delete;

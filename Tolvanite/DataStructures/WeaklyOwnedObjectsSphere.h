@@ -100,8 +100,11 @@ class WeaklyOwnedObjectsSphere {
     if (observer) add(std::move(observer), false);
   }
 
+  /// The first observer whose owner lives, of the list as it stands.
   Iterator begin() const { return Iterator(list_); }
+  /// Behind the last.
   std::default_sentinel_t end() const noexcept { return {}; }
+  /// `begin()`.
   Iterator makeIterator() const { return begin(); }
 
   /// Calls `call` with each observer in one pass, as a loop over the sphere does, only quicker.

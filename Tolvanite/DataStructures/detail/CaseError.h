@@ -14,12 +14,14 @@ namespace tolvanite::detail {
 template <typename ErrorCase>
 class TOLVANITE_EXPORT CaseError : public Error {
  public:
+  /// What is reported.
   using Case = ErrorCase;
 
   bool operator==(const CaseError& other) const noexcept {
     return errorCase == other.errorCase && text == other.text;
   }
 
+  /// What is reported.
   Case errorCase;
   /// The element or elements, described as text, or the index.
   std::string text;
