@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <ostream>
 #include <random>
@@ -107,12 +108,24 @@ void replay(const Change& change, Texts& copy, const Now& now) {
   }
 }
 
+/// What all of these do to it. Before its move an update may be told with the new index, and then
+/// the move alone tells.
+template <typename Now>
+void replayAll(const Changes& changes, Texts& copy, const Now& now) {
+  for (std::size_t i = 0; i < changes.size(); ++i) {
+    const bool doesMoveFollow = i + 1 < changes.size() && changes[i + 1].event == "moved";
+    if (changes[i].event != "updated" || !doesMoveFollow) replay(changes[i], copy, now);
+  }
+}
+
 /// Sets all blocks that `observer` has to hand their arguments to `hear(change)`.
 template <typename Observer>
 void hearAll(Observer& observer, Block<void(const Change&)> hear) {
   const auto one = [hear](std::string event) {
-    return
-        [=](auto&, Int index, const auto& element) { hear({event, {index}, {textForm(element)}}); };
+    return [=](auto&, Int index, const auto& second, const auto&... third) {
+      if constexpr (sizeof...(third) == 0) hear({event, {index}, {textForm(second)}});
+      if constexpr (sizeof...(third) == 1) hear({event, {index}, {textForm(third)...}, second});
+    };
   };
   const auto many = [hear](std::string event) {
     return [=](auto&, const Indexes& indexes, const auto& elements) {
@@ -125,22 +138,24 @@ void hearAll(Observer& observer, Block<void(const Change&)> hear) {
   observer.inserted = one("inserted");
   observer.removed = one("removed");
   observer.updated = one("updated");
-  observer.insertedMultipleContinuous = [hear](auto&, Int index, const auto& elements) {
-    hear({"insertedMultipleContinuous", {index}, textsOf(elements)});
-  };
-  observer.insertedMultipleDistributed = many("insertedMultipleDistributed");
-  observer.removedMultiple = many("removedMultiple");
-  observer.moved = [hear](auto&, Int from, Int to, const auto& element) {
-    hear({"moved", {from}, {textForm(element)}, to});
-  };
-  observer.movedMultiple = [hear](auto&, const Indexes& from, Int to, const auto& elements) {
-    hear({"movedMultiple", from, textsOf(elements), to});
-  };
+  observer.moved = one("moved");
+  if constexpr (requires { observer.movedMultiple; }) {
+    observer.insertedMultipleContinuous = [hear](auto&, Int index, const auto& elements) {
+      hear({"insertedMultipleContinuous", {index}, textsOf(elements)});
+    };
+    observer.insertedMultipleDistributed = many("insertedMultipleDistributed");
+    observer.removedMultiple = many("removedMultiple");
+    observer.movedMultiple = [hear](auto&, const Indexes& from, Int to, const auto& elements) {
+      hear({"movedMultiple", from, textsOf(elements), to});
+    };
+  }
   if constexpr (requires { observer.updatedMultiple; }) {
     observer.updatedMultiple = many("updatedMultiple");
   }
-  if constexpr (requires { observer.sortingChanged; }) {
+  if constexpr (requires { observer.filterChanged; }) {
     observer.filterChanged = none("filterChanged");
+  }
+  if constexpr (requires { observer.sortingChanged; }) {
     observer.sortingChanged = [hear](auto&, const Optional<std::string>& code) {
       hear({"sortingChanged", {}, {code.value_or("none")}});
     };
@@ -168,3 +183,10 @@ struct Listener {
 };
 
 }  // namespace tolvanite::testing
+
+template <>
+struct std::hash<tolvanite::testing::Item> {
+  std::size_t operator()(const tolvanite::testing::Item& item) const {
+    return std::hash<tolvanite::Int>{}(item.key);
+  }
+};
