@@ -150,7 +150,7 @@ struct Model {
     if (index < 0) return {};
     const Int inNatural = find(natural, element);
     takeOut(natural, inNatural);
-    const T old = takeOut(shown, index);
+    T old = takeOut(shown, index);
     tell({{"removed", {index}, {textForm(old)}, kind == Kind::optionallySorted ? inNatural : -1}});
     return old;
   }

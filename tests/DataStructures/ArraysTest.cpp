@@ -60,17 +60,17 @@ TYPED_TEST(ArraysTest, aBlockMayEndTheArrayAndOwnersAndSubscribe) {
     Texts heard;
     OwnerToken owner;
     auto doomed = std::make_shared<int>();
-    const auto listen = [&](const Owner& of, const Block<void()>& block) {
-      hearAll(*this->holder->observers.createNew(of), [=](const Change&) { block(); });
+    const auto listen = [&](const Owner& of, const Block<void(const Change&)>& block) {
+      hearAll(*this->holder->observers.createNew(of), block);
     };
-    listen(owner, [&] {
-      listen(owner, [&] { heard.push_back("subscribed too late"); });
+    listen(owner, [&](const Change&) {
+      listen(owner, [&](const Change&) { heard.push_back("subscribed too late"); });
       doomed = nullptr;
       this->holder.reset();
       heard.push_back("first");
     });
-    listen(doomed, [&] { heard.push_back("dead"); });
-    listen(owner, [&] { heard.push_back("last"); });
+    listen(doomed, [&](const Change&) { heard.push_back("dead"); });
+    listen(owner, [&](const Change&) { heard.push_back("last"); });
     EXPECT_EQ(call().value_or(Item{2, 0, 0}).key, 2);
     EXPECT_EQ(heard, (Texts{"first", "last"}));
   }
