@@ -197,6 +197,7 @@ TEST(SerrayTest, edges) {
   EXPECT_EQ(textForm(*serray), "Serray(count: 5, elements: 1/3/0, 2/0/0, 3/0/0, 4/0/0, 5/0/0)");
   serray->insert({6, 6, 0});
   EXPECT_EQ(textForm(*serray), "Serray(count: 6, elements: , ...)");
+  expectStop([&] { serray->setSortBlock({"x", {}}); }, "The sort order \"x\" has no block");
   // The last reference goes in the middle of a batch.
   listener.heard();
   hearAll(*serray->observers.createNew(listener.owner), [&](const Change&) { serray.reset(); });

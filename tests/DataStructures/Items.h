@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <ostream>
 #include <random>
@@ -183,10 +182,3 @@ struct Listener {
 };
 
 }  // namespace tolvanite::testing
-
-template <>
-struct std::hash<tolvanite::testing::Item> {
-  std::size_t operator()(const tolvanite::testing::Item& item) const {
-    return std::hash<tolvanite::Int>{}(item.key);
-  }
-};
