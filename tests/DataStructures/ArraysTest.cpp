@@ -60,11 +60,12 @@ TYPED_TEST(ArraysTest, aBlockMayEndTheArrayAndOwnersAndSubscribe) {
     Texts heard;
     OwnerToken owner;
     auto doomed = std::make_shared<int>();
+    std::optional<Listener> late;
     const auto listen = [&](const Owner& of, const Block<void(const Change&)>& block) {
-      hearAll(*this->holder->observers.createNew(of), block);
+      this->holder->observers.createNew(of, [&](auto& observer) { hearAll(observer, block); });
     };
     listen(owner, [&](const Change&) {
-      listen(owner, [&](const Change&) { heard.push_back("subscribed too late"); });
+      late.emplace(*this->holder);
       doomed = nullptr;
       this->holder.reset();
       heard.push_back("first");
@@ -73,6 +74,7 @@ TYPED_TEST(ArraysTest, aBlockMayEndTheArrayAndOwnersAndSubscribe) {
     listen(owner, [&](const Change&) { heard.push_back("last"); });
     EXPECT_EQ(call().value_or(Item{2, 0, 0}).key, 2);
     EXPECT_EQ(heard, (Texts{"first", "last"}));
+    EXPECT_EQ(late->heard(), "");
   }
 }
 
