@@ -21,7 +21,7 @@
 // may stand on both sides.
 //
 // One thread at a time for each value; copies may be used on different threads when their observers
-// may.
+// may. A block may end the life of the set that tells it, but not in the middle of a batch.
 #pragma once
 
 #include <cstddef>

@@ -91,7 +91,8 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   void insert(T element) { baseSet_->insert(std::move(element)); }
   /// The same for one after the other, up to the first that is present, for which it throws.
   void insert(const ElementArray<T>& elements) {
-    for (const T& element : ElementArray<T>(elements)) baseSet_->insert(element);
+    const auto base = baseSet_;  // The view may go in a block.
+    for (const T& element : ElementArray<T>(elements)) base->insert(element);
   }
   /// The same for texts in braces.
   void insert(std::initializer_list<T> elements)

@@ -21,7 +21,7 @@
 // order keeps the old element, deliberately, and shows it again when the sort block is cleared.
 //
 // One thread at a time for each value; copies may be used on different threads when their observers
-// may.
+// may. A block may end the life of the array that tells it, but not in the middle of a batch.
 #pragma once
 
 #include <algorithm>

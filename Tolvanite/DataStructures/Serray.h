@@ -43,7 +43,7 @@ namespace tolvanite {
 
 /// A reference type, made by `make`; n is its count in the costs below. An index out of range is
 /// fatal, unless an operation says otherwise. Elements that are held by pointer and change their
-/// rank are to be updated, one by one: only the updated element is put in its place.
+/// rank are to be updated, each before the next one changes: only that one is put in its place.
 template <KeyedElement T>
 class Serray final : public detail::KeptDuringPasses, public IndexedCollection<Serray<T>, T> {
  public:
