@@ -30,7 +30,17 @@
 //   void appendBatch(std::vector<Native>&)         at the end of the base, in one call
 //   void forEachViewKey(block)          keys in the view's order
 //   ViewNotes notes()
+//
+// A contender whose base is a set takes the items themselves, as they were at first, in the place
+// of the indexes:
+//
+//   void insert(const Native&)
+//   void update(const Item&, double rank)
+//   void remove(const Item&)
 namespace bench {
+
+template <class Contender>
+concept TakesItems = requires(Contender& contender, const Item& item) { contender.remove(item); };
 
 // What the listener of a view heard.
 struct ViewNotes {
@@ -54,6 +64,7 @@ struct LiveViewWork {
 
 inline bool passesFirstFilter(std::int64_t group) { return group % 2 == 0; }
 inline bool passesSecondFilter(std::int64_t group) { return group < 500; }
+inline bool passesNoFilter(std::int64_t) { return true; }
 
 namespace liveView {
 
@@ -68,15 +79,15 @@ class Model {
     base_.insert(base_.begin() + static_cast<std::ptrdiff_t>(index), {&item, item.rank});
   }
   void update(std::size_t index, double rank) { base_[index].rank = rank; }
-  void remove(std::size_t index) {
+  const Item& remove(std::size_t index) {
+    const Item& item = *base_[index].item;
     base_.erase(base_.begin() + static_cast<std::ptrdiff_t>(index));
+    return item;
   }
-  std::uint32_t check(bool byName = false, bool secondFilter = false) const {
+  std::uint32_t check(bool (*filter)(std::int64_t) = passesFirstFilter, bool byName = false) const {
     std::vector<Entry> view;
-    std::copy_if(base_.begin(), base_.end(), std::back_inserter(view), [=](const Entry& entry) {
-      const std::int64_t group = entry.item->group;
-      return secondFilter ? passesSecondFilter(group) : passesFirstFilter(group);
-    });
+    std::copy_if(base_.begin(), base_.end(), std::back_inserter(view),
+                 [=](const Entry& entry) { return filter(entry.item->group); });
     std::stable_sort(view.begin(), view.end(), [=](const Entry& a, const Entry& b) {
       return byName ? a.item->name < b.item->name : a.rank < b.rank;
     });
@@ -101,15 +112,17 @@ std::uint32_t check(Contender& contender) {
 }
 
 // One run: a filled base, its view (made outside of the timed part unless told otherwise), and the
-// same changes applied to the model.
+// same changes applied to the model. `filter` is the one that the contender begins with.
 template <class Contender>
 class Run {
  public:
   using Native = typename Contender::Native;
 
-  Run(benchmark::State& state, const std::string& name, std::size_t n)
+  Run(benchmark::State& state, const std::string& name, std::size_t n,
+      bool (*filter)(std::int64_t) = passesFirstFilter)
       : state_(state),
         name_(name),
+        filter_(filter),
         items_(makeItems(0xC1, n)),
         model_(items_),
         contender_(items_) {}
@@ -120,7 +133,7 @@ class Run {
     const std::size_t count = contender_.viewCount();
     const double seconds = watch.seconds();
     benchmark::DoNotOptimize(count);
-    return finish(seconds, 1, {}, model_.check());
+    return finish(seconds, 1, {}, model_.check(filter_));
   }
 
   Pass insertAtEnd(std::size_t operations) {
@@ -163,28 +176,35 @@ class Run {
   Pass remove(std::size_t operations) {
     SplitMix64 random(0xC6);
     std::vector<std::size_t> places;
+    std::vector<const Item*> removed;
     for (std::size_t i = 0; i < operations; ++i) {
       places.push_back(random.below(model_.size()));
-      model_.remove(places.back());
+      removed.push_back(&model_.remove(places.back()));
     }
-    return timed(operations, model_.check(), [&] {
-      for (const std::size_t place : places) contender_.remove(place);
+    return timed(operations, model_.check(filter_), [&] {
+      for (std::size_t i = 0; i < operations; ++i) {
+        if constexpr (TakesItems<Contender>) {
+          contender_.remove(*removed[i]);
+        } else {
+          contender_.remove(places[i]);
+        }
+      }
     });
   }
 
   Pass refilter() {
-    return timed(1, model_.check(false, true), [&] { contender_.refilter(); });
+    return timed(1, model_.check(passesSecondFilter), [&] { contender_.refilter(); });
   }
 
   Pass resort() {
-    return timed(1, model_.check(true), [&] { contender_.resort(); });
+    return timed(1, model_.check(filter_, true), [&] { contender_.resort(); });
   }
 
   Pass appendBatch() {
     const auto fresh = makeItems(0xC2, 10'000);
     for (const Item& item : fresh) model_.insert(model_.size(), item);
     auto elements = natives(fresh);
-    return timed(fresh.size(), model_.check(), [&] { contender_.appendBatch(elements); });
+    return timed(fresh.size(), model_.check(filter_), [&] { contender_.appendBatch(elements); });
   }
 
  private:
@@ -203,7 +223,7 @@ class Run {
   std::vector<std::size_t> passingPlaces() const {
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < items_.size(); ++i) {
-      if (passesFirstFilter(items_[i].group)) places.push_back(i);
+      if (filter_(items_[i].group)) places.push_back(i);
     }
     return places;
   }
@@ -212,15 +232,27 @@ class Run {
     const auto fresh = makeItems(0xC2, places.size());
     const auto elements = natives(fresh);
     for (std::size_t i = 0; i < places.size(); ++i) model_.insert(places[i], fresh[i]);
-    return timed(places.size(), model_.check(), [&] {
-      for (std::size_t i = 0; i < places.size(); ++i) contender_.insert(places[i], elements[i]);
+    return timed(places.size(), model_.check(filter_), [&] {
+      for (std::size_t i = 0; i < places.size(); ++i) {
+        if constexpr (TakesItems<Contender>) {
+          contender_.insert(elements[i]);
+        } else {
+          contender_.insert(places[i], elements[i]);
+        }
+      }
     });
   }
 
   Pass update(const std::vector<Update>& updates) {
     for (const Update& step : updates) model_.update(step.place, step.rank);
-    return timed(updates.size(), model_.check(), [&] {
-      for (const Update& step : updates) contender_.update(step.place, step.rank);
+    return timed(updates.size(), model_.check(filter_), [&] {
+      for (const Update& step : updates) {
+        if constexpr (TakesItems<Contender>) {
+          contender_.update(items_[step.place], step.rank);
+        } else {
+          contender_.update(step.place, step.rank);
+        }
+      }
     });
   }
 
@@ -245,6 +277,7 @@ class Run {
 
   benchmark::State& state_;
   std::string name_;
+  bool (*filter_)(std::int64_t);
   std::vector<Item> items_;
   Model model_;
   Contender contender_;
@@ -267,7 +300,9 @@ bool registerLiveView(const std::string& peer, LiveViewWork large = {}) {
     };
     add("build", [](Run& run) { return run.build(); });
     add("insert_end", [=](Run& run) { return run.insertAtEnd(work.insertionsAtEnd); });
-    add("insert_random", [=](Run& run) { return run.insertAnywhere(work.insertionsAnywhere); });
+    if constexpr (!TakesItems<Contender>) {  // A set has no places to choose from.
+      add("insert_random", [=](Run& run) { return run.insertAnywhere(work.insertionsAnywhere); });
+    }
     add("update_moves", [=](Run& run) { return run.updateMoving(work.movingUpdates); });
     add("update_stays", [=](Run& run) { return run.updateStaying(work.stayingUpdates); });
     add("remove", [=](Run& run) { return run.remove(work.removals); });
@@ -275,6 +310,26 @@ bool registerLiveView(const std::string& peer, LiveViewWork large = {}) {
     add("resort", [](Run& run) { return run.resort(); });
     add("append_batch", [](Run& run) { return run.appendBatch(); });
   }
+  return true;
+}
+
+// The same changes on a collection that is sorted by itself: its own base, without a filter.
+template <class Contender>
+bool registerSortedArray(const std::string& contender) {
+  using Run = liveView::Run<Contender>;
+  const auto add = [&](const std::string& row, auto pass) {
+    const std::string name = contender + "/" + row + "/n=100000";
+    registerPass(name, [=](benchmark::State& state) {
+      Run run(state, name, 100'000, passesNoFilter);
+      return pass(run);
+    });
+  };
+  constexpr LiveViewWork work;
+  add("insert", [=](Run& run) { return run.insertAtEnd(work.insertionsAtEnd); });
+  add("update_moves", [=](Run& run) { return run.updateMoving(work.movingUpdates); });
+  add("update_stays", [=](Run& run) { return run.updateStaying(work.stayingUpdates); });
+  add("remove", [=](Run& run) { return run.remove(work.removals); });
+  add("resort", [](Run& run) { return run.resort(); });
   return true;
 }
 
