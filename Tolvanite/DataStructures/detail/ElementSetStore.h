@@ -46,9 +46,11 @@ class ElementSetStore : public ElementSet<T> {
   /// Puts an element in the place of the one that equals it, which it gives back; null, without
   /// effect, when there is none.
   Handle replace(const Handle& handle) {
-    if (this->isEmpty() || !boxOf(*handle)) return {};
+    if (this->isEmpty()) return {};
+    if (isShared() && !boxOf(*handle)) return {};
     auto& table = this->table_.tableToChange();
-    return table.replaceAt(table.spotOf(*handle), handle);
+    const auto spot = table.spotOf(*handle);
+    return table.boxAt(spot) ? table.replaceAt(spot, handle) : Handle();
   }
   /// Removes the element that equals this one and gives it back, or null.
   Handle remove(const T& element) {

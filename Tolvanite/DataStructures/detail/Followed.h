@@ -55,7 +55,7 @@ class Followed : public KeptDuringPasses {
     const std::uint64_t change = ++changes_;
     if (observers.isEmpty()) return;
     const Pass pass(*this);
-    observers.forEach([&](Observer& observer) {
+    observers.forEach([&](Observer& observer) __attribute__((always_inline)) {
       if (observer.follower_) {
         // The view may be let go by one of its own observers.
         const Pass passOfView(*observer.view_);
