@@ -45,8 +45,7 @@ template <class Collection>
 class Observed : public Listening {
  public:
   explicit Observed(std::shared_ptr<Collection> collection) : collection_(std::move(collection)) {
-    using Owner = typename Collection::Observer;
-    collection_->observers.createNew(owner_, [this](Owner& observer) {
+    collection_->observers.createNew(owner_, [this](typename Collection::Observer& observer) {
       const auto hear = [this](Collection&, const Item& item) { tell(item); };
       observer.inserted = hear;
       observer.updated = hear;
@@ -158,9 +157,9 @@ class Filtered : public Listening {
 };
 
 const bool registered = registerSet<Plain>("tolvanite") &&
-                        registerFilteredSet<Filtered>("tolvanite_filter_set") &&
-                        registerFilteredSet<OverSet>("tolvanite_over_set") &&
-                        registerFilteredSet<OverKerray>("tolvanite_over_kerray");
+                        registerFilteredSet<Filtered>("tolvanite", "filter_set") &&
+                        registerFilteredSet<OverSet>("tolvanite", "view_of_set") &&
+                        registerFilteredSet<OverKerray>("tolvanite", "view_of_kerray");
 
 }  // namespace
 }  // namespace bench

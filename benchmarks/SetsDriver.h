@@ -215,15 +215,16 @@ bool registerSet(const std::string& contender) {
   return true;
 }
 
+// `kind` is the kind of filtered set that the contender is, or stands for.
 template <class Contender>
-bool registerFilteredSet(const std::string& contender) {
+bool registerFilteredSet(const std::string& contender, const std::string& kind) {
   using Run = sets::Run<Contender>;
   const auto add = [&](const std::string& row, auto body) {
-    sets::registerRow<Contender>(contender, row, 100'000, body);
+    sets::registerRow<Contender>(contender, kind + "/" + row, 100'000, body);
   };
-  add("filtered_insert", [](Run& run) { return run.insert(); });
-  add("filtered_update_crosses", [](Run& run) { return run.update(); });
-  add("filtered_remove", [](Run& run) { return run.remove(); });
+  add("insert", [](Run& run) { return run.insert(); });
+  add("update_crosses", [](Run& run) { return run.update(); });
+  add("remove", [](Run& run) { return run.remove(); });
   return true;
 }
 

@@ -5,7 +5,6 @@
 #include <utility>
 
 #if defined(TOLVANITE_PEER_BOOST)
-#include <boost/container_hash/hash.hpp>
 #include <boost/unordered/unordered_flat_set.hpp>
 #endif
 
@@ -168,9 +167,11 @@ class BaseAndPassing : public Listening {
 const bool boostRegistered =
     registerSet<Plain<boost::unordered_flat_set<Item, std::hash<Item>>>>("floor_boost_flat_set");
 #endif
-const bool registered = registerSet<Plain<Items>>("floor_unordered_set") &&
-                        registerFilteredSet<TwoSides>("floor_two_sides") &&
-                        registerFilteredSet<BaseAndPassing>("floor_base_and_passing");
+const bool registered =
+    registerSet<Plain<Items>>("floor_unordered_set") &&
+    registerFilteredSet<TwoSides>("floor_unordered_set", "filter_set") &&
+    registerFilteredSet<BaseAndPassing>("floor_unordered_set", "view_of_set") &&
+    registerFilteredSet<BaseAndPassing>("floor_unordered_set", "view_of_kerray");
 
 }  // namespace
 }  // namespace bench
