@@ -200,6 +200,7 @@ Optional<T> ObservableSet<T>::update(T element) {
 
 template <HashableElement T>
 std::vector<Optional<T>> ObservableSet<T>::updateMultiple(const ElementArray<T>& elements) {
+  const typename Followed::Pass pass(*this);  // It lasts for all of the events.
   const detail::ElementStore<T> all(elements);
   std::vector<Optional<T>> oldElements;
   oldElements.reserve(all.size());
@@ -223,6 +224,7 @@ std::vector<Optional<T>> ObservableSet<T>::updateMultiple(const ElementArray<T>&
 
 template <HashableElement T>
 void ObservableSet<T>::replaceContent(ElementSet<T> elements) {
+  const typename Followed::Pass pass(*this);  // It lasts for both events.
   const ElementSet<T> old = std::exchange(elements_, Store(std::move(elements)));
   if (logDelegateCalls) printLine("🍌 replacedContent[OldContent]");
   tell(&Observer::replacedContent, [](auto& follower) { follower.baseReplacedContent(); });
@@ -244,8 +246,10 @@ Optional<T> ObservableSet<T>::remove(const T& element) {
     return {};
   }
   log("🍌 remove ", element);
-  tell(
-      &Observer::removed, [&](auto& follower) { follower.baseRemoved(element, removed); }, element);
+  if (this->observers.isEmpty()) return std::move(removed).take();
+  // The argument may live in a view, which lets it go.
+  const T told = element;
+  tell(&Observer::removed, [&](auto& follower) { follower.baseRemoved(told, removed); }, told);
   return std::move(removed).take();
 }
 
