@@ -70,8 +70,10 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   /// Filters the base anew and sends `filterChanged`, also when nothing changes.
   void setFilterBlock(FilterBlock filterBlock) {
     const Pass pass(*this);
+    // The filter may throw, or ask the view.
+    auto inElements = passing(filterBlock);
     filterBlock_ = std::move(filterBlock);
-    applyFilter();
+    inElements_ = std::move(inElements);
     tell(&Observer::filterChanged);
   }
 
@@ -91,8 +93,8 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   void insert(T element) { baseSet_->insert(std::move(element)); }
   /// The same for one after the other, up to the first that is present, for which it throws.
   void insert(const ElementArray<T>& elements) {
-    const auto base = baseSet_;  // The view may go in a block.
-    for (const T& element : ElementArray<T>(elements)) base->insert(element);
+    const Pass pass(*this);  // A block may let the view go.
+    for (const T& element : ElementArray<T>(elements)) baseSet_->insert(element);
   }
   /// The same for texts in braces.
   void insert(std::initializer_list<T> elements)
@@ -110,7 +112,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final
                                              FilterBlock filterBlock)
       : baseSet_(std::move(observableSet)), filterBlock_(std::move(filterBlock)) {
     if (!baseSet_) fatalFailure("A view needs a base");
-    applyFilter();
+    inElements_ = passing(filterBlock_);
   }
   ~OptionallyFilteredSet_BasedOnObservableSet() override = default;
 
@@ -126,9 +128,10 @@ class OptionallyFilteredSet_BasedOnObservableSet final
   const ElementSet<T>& shownSet() const noexcept {
     return filterBlock_ ? *inElements_ : baseSet_->elements();
   }
-  void applyFilter() {
-    inElements_ = filterBlock_ ? Optional<Store>(baseSet_->elements_.passing(filterBlock_))
-                               : Optional<Store>();
+  // Absent without a filter.
+  Optional<Store> passing(const FilterBlock& filterBlock) const {
+    return filterBlock ? Optional<Store>(baseSet_->elements_.passing(filterBlock))
+                       : Optional<Store>();
   }
   template <typename Event, typename... Arguments>
   void tell(Event Observer::* event, const Arguments&... arguments) {
@@ -144,7 +147,7 @@ class OptionallyFilteredSet_BasedOnObservableSet final
 
 template <HashableElement T>
 void OptionallyFilteredSet_BasedOnObservableSet<T>::baseReplacedContent() {
-  applyFilter();
+  inElements_ = passing(filterBlock_);
   tell(&Observer::replacedContent);
 }
 
@@ -167,10 +170,10 @@ template <HashableElement T>
 void OptionallyFilteredSet_BasedOnObservableSet<T>::baseInsertedMultiple(
     const detail::ElementStore<T>& elements, bool /*areAllNew*/) {
   if (!filterBlock_) return tell(&Observer::insertedMultiple, elements);
-  const auto passing = elements.passing(filterBlock_);
-  if (passing.isEmpty()) return;
-  for (Int i = 0; i < passing.count(); ++i) inElements_->insert(passing.handleAt(i));
-  tell(&Observer::insertedMultiple, passing);
+  const auto inserted = elements.passing(filterBlock_);
+  if (inserted.isEmpty()) return;
+  for (Int i = 0; i < inserted.count(); ++i) inElements_->insert(inserted.handleAt(i));
+  tell(&Observer::insertedMultiple, inserted);
 }
 
 template <HashableElement T>
@@ -213,9 +216,9 @@ template <HashableElement T>
 void OptionallyFilteredSet_BasedOnObservableSet<T>::baseRemovedMultiple(
     const ElementSet<T>& removed) {
   if (!filterBlock_) return tell(&Observer::removedMultiple, removed);
-  const Store passing = Store(removed).passing(filterBlock_);
-  for (const T& element : passing) inElements_->remove(element);
-  tell(&Observer::removedMultiple, passing);
+  const Store told = Store(removed).passing(filterBlock_);
+  for (const T& element : told) inElements_->remove(element);
+  tell(&Observer::removedMultiple, told);
 }
 
 }  // namespace tolvanite
