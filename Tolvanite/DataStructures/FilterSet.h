@@ -195,6 +195,7 @@ class FilterSet : public detail::Described {
   // Those that pass and those that do not.
   std::pair<Store, Store> split(const ElementArray<T>& elements) const;
 
+  void insertOnSide(bool isIn, T element);
   template <typename Event>
   void tell(Event Observer::* event) const {
     detail::notifyWithCopy(*this, event);
@@ -248,6 +249,11 @@ void FilterSet<T>::setFilterBlock(FilterBlock filterBlock) {
 template <HashableElement T>
 void FilterSet<T>::insert(T element) {
   const bool isIn = passes(element);
+  insertOnSide(isIn, std::move(element));
+}
+
+template <HashableElement T>
+void FilterSet<T>::insertOnSide(bool isIn, T element) {
   const Handle handle = (isIn ? in_ : out_).insertElement(std::move(element));
   // NOLINTNEXTLINE(bugprone-use-after-move): moved from only when it was inserted
   if (!handle) throw Errur::elementAlreadyPresent(detail::textFormOrTypeName(element));
@@ -262,12 +268,13 @@ void FilterSet<T>::insert(const ElementArray<T>& elements) {
 
 template <HashableElement T>
 Optional<T> FilterSet<T>::update(T element) {
+  // Asked before all else, since the filter may change the set.
+  const bool isIn = passes(element);
   const bool wasIn = in_.contains(element);
   if (!wasIn && !out_.contains(element)) {
-    insert(std::move(element));
+    insertOnSide(isIn, std::move(element));
     return {};
   }
-  const bool isIn = passes(element);
   const auto handle = Handle::make(std::move(element));
   Handle old;
   if (isIn == wasIn) {

@@ -186,6 +186,8 @@ template <HashableEquatableKeyedElement T>
 void OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet<T>::applyFilterAndSort() {
   // Should the filter throw, the array stays as it was and no noted place is believed.
   own_.loseStep();
+  // Should a block change the base, later changes are found to be out of turn.
+  const std::uint64_t change = baseSet_->changes_;
   const detail::ElementSetStore<T> base = baseSet_->elements_;
   Store array;
   base.forEachBox([&](Box* box) {
@@ -197,7 +199,7 @@ void OptionallyFilteredAlwaysSortedArray_BasedOnObservableSet<T>::applyFilterAnd
   });
   detail::sortStably(array, order());
   own_.rebuild(std::move(array), true, true);
-  lastChange_ = baseSet_->changes_;
+  lastChange_ = change;
 }
 
 template <HashableEquatableKeyedElement T>
