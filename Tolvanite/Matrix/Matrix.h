@@ -361,11 +361,13 @@ template <typename Element>
 template <std::predicate<const Optional<Element>&> Test>
 Optional<MatrixCoordinate> Matrix<Element>::randomCoordinateWithCondition(
     Test&& test, std::source_location location) const {
+  // By reference, as the test was promised: it need not take a temporary.
+  const auto accepts = [&](const Optional<Element>& cell) { return std::invoke(test, cell); };
   const MatrixCoordinate drawn = randomCoordinate(location);
-  if (std::invoke(test, (*this)[{drawn, location}])) return drawn;
+  if (accepts((*this)[{drawn, location}])) return drawn;
   const Int start = RandomInt::random(size().count(location) - 1, location);
   const bool lowerFirst = systemRandom().uniform(2) != 0;
-  const auto passes = [&](Int index) { return std::invoke(test, storage_.read(index)); };
+  const auto passes = [&](Int index) { return accepts(storage_.read(index)); };
   Int found = -1;
   const auto lookBelow = [&] {
     found = start - 1;
@@ -392,7 +394,8 @@ Optional<MatrixCoordinate> Matrix<Element>::firstCoordinateWithCondition(
   // Offsets from the count on have no index.
   for (Int offset = 0; offset < std::min(checkeredStep, count); ++offset) {
     for (Int index = offset;; index += checkeredStep) {
-      if (std::invoke(test, storage_.read(index))) {
+      const Optional<Element>& cell = storage_.read(index);
+      if (std::invoke(test, cell)) {
         return layout_.coordinateForRawIndex(index, location);
       }
       if (checkeredStep >= count - index) break;

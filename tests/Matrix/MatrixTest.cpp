@@ -263,7 +263,7 @@ TEST(MatrixTest, firstCoordinateInSweepsOverTheStorage) {
   EXPECT_EQ(visited(4), "048152637");
   EXPECT_EQ(visited(std::numeric_limits<Int>::max()), "012345678");
   EXPECT_EQ(visited(0), "");
-  EXPECT_EQ(matrix.firstCoordinateWithCondition([](const auto& cell) { return cell > 3; }),
+  EXPECT_EQ(matrix.firstCoordinateWithCondition([](auto& cell) { return cell > 3; }),
             MatrixCoordinate(1, 1));
   EXPECT_EXIT(visited(-1), aborts, "checkered step");
 }
