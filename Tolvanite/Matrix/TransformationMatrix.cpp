@@ -31,7 +31,8 @@ constexpr std::array<DirectionRow, 8> rows{{
     {Direction::flippedRight, "flippedRight", 0, -1, -1, 0},
 }};
 
-// The remainder keeps the sign: angles below -360 stay negative, and are refused deliberately.
+// The remainder keeps the sign: angles below -360 stay negative unless they are full turns, and are
+// refused deliberately.
 Int normalised(Int degrees, std::source_location location) {
   return checkedAdd(degrees, Int{360}, location) % 360;
 }

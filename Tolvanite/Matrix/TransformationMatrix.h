@@ -69,7 +69,8 @@ struct TOLVANITE_EXPORT TransformationMatrix {
   }
 
   /// Turns about (0, 0), from the x axis towards the y axis. A number of degrees that is no
-  /// multiple of 90 is fatal: "rotation only in 90 degree steps possible"; so is one below -360.
+  /// multiple of 90 is fatal: "rotation only in 90 degree steps possible"; so is one below -360,
+  /// unless it is a number of full turns.
   static TransformationMatrix makeRotation(
       Int degrees, std::source_location location = std::source_location::current());
 
