@@ -10,6 +10,7 @@
 
 #include <bitset>
 #include <compare>
+#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <initializer_list>
@@ -18,6 +19,7 @@
 #include <ranges>
 #include <source_location>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -46,9 +48,9 @@ class TOLVANITE_EXPORT BitArray {
   /// its bit 0 on.
   /// @{
   BitArray(std::initializer_list<bool> bits) { assign(bits); }
-  template <detail::RangeOfBits Range>
-    requires(!std::derived_from<Range, BitArray>)
-  explicit BitArray(const Range& bits) {
+  template <typename Range>
+    requires(!std::derived_from<std::remove_cvref_t<Range>, BitArray> && detail::RangeOfBits<Range>)
+  explicit BitArray(Range&& bits) {
     assign(bits);
   }
   template <std::size_t size>

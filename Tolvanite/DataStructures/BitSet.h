@@ -11,7 +11,7 @@
 #pragma once
 
 #include <bitset>
-#include <compare>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -19,6 +19,7 @@
 #include <source_location>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -61,10 +62,9 @@ class TOLVANITE_EXPORT BitSet {
   /// @{
   explicit BitSet(const BitArray& bits,
                   std::source_location location = std::source_location::current());
-  template <detail::RangeOfBits Range>
-    requires(!std::derived_from<Range, BitArray>)
-  explicit BitSet(const Range& bits,
-                  std::source_location location = std::source_location::current())
+  template <typename Range>
+    requires(!std::derived_from<std::remove_cvref_t<Range>, BitArray> && detail::RangeOfBits<Range>)
+  explicit BitSet(Range&& bits, std::source_location location = std::source_location::current())
       : BitSet(BitArray(bits), location) {}
   template <std::size_t size>
   explicit BitSet(const std::bitset<size>& bits,

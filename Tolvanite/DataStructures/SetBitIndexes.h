@@ -1,5 +1,5 @@
-// The indexes of the bits that are 1, in ascending order: what BitArray and BitSet give to walk
-// over their set bits. Zeros cost next to nothing, for they are skipped by words.
+// The indexes of the bits that are 1, in ascending order: what a BitSet gives to walk over its set
+// bits. Zeros cost next to nothing, for they are skipped by words.
 //
 //   for (const Int index : bits.indexesOfSetBits()) select(index);
 #pragma once

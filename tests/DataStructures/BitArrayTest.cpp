@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <iterator>
+#include <ranges>
 #include <sstream>
 #include <utility>
 #include <vector>
@@ -73,6 +74,8 @@ TEST(BitArrayTest, isMadeOfManyKinds) {
 
   const BitArray listed{true, false, true};
   EXPECT_EQ(listed, BitArray(std::bitset<3>(5)));
+  std::istringstream digits("1 0 1");
+  EXPECT_EQ(listed, BitArray(std::views::istream<bool>(digits))) << "read once only";
   EXPECT_EQ(listed, BitArray::fromIntRepresentation({-7, 0, 1}));
   EXPECT_EQ(listed, BitArray::fromIntRepresentation(std::vector<std::uint8_t>{2, 0, 1}));
   EXPECT_EQ(listed.asBitset<3>(), std::bitset<3>(5));

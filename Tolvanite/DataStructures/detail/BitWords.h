@@ -30,8 +30,8 @@ constexpr BitWord lastWordMask(Int bits) {
 TOLVANITE_EXPORT Int countOfSetBits(std::span<const BitWord> words) noexcept;
 
 template <typename Range>
-concept RangeOfBits = std::ranges::input_range<const Range> &&
-                      std::same_as<std::ranges::range_value_t<const Range>, bool>;
+concept RangeOfBits =
+    std::ranges::input_range<Range> && std::same_as<std::ranges::range_value_t<Range>, bool>;
 
 /// Stands for one bit of a container that can be written to, as long as the container lives. What
 /// is assigned goes into the container.
