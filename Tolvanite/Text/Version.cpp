@@ -1,0 +1,179 @@
+#include <Tolvanite/Text/Version.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <ostream>
+
+#include <fmt/format.h>
+
+#include <Tolvanite/Frame/Fatal.h>
+
+namespace tolvanite {
+
+namespace {
+
+constexpr Int largest = std::numeric_limits<Int>::max();
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+// Reads digits from `position` on and moves it behind them; negative if there are none or too many.
+Int readNumber(const char*& position, const char* end) {
+  constexpr std::ptrdiff_t alwaysFit = std::numeric_limits<Int>::digits10;
+  const char* const start = position;
+  Int number = 0;
+  for (; position != end && isDigit(*position); ++position) {
+    const Int digit = *position - '0';
+    if (position - start >= alwaysFit && number > (largest - digit) / 10) return -1;
+    number = number * 10 + digit;
+  }
+  return position == start ? -1 : number;
+}
+
+// Splits at dots, empty pieces included.
+std::vector<std::string> identifiersIn(std::string_view text) {
+  std::vector<std::string> result;
+  result.reserve(static_cast<std::size_t>(std::ranges::count(text, '.')) + 1);
+  while (true) {
+    const std::size_t dot = text.find('.');
+    result.emplace_back(text.substr(0, dot));
+    if (dot == std::string_view::npos) return result;
+    text.remove_prefix(dot + 1);
+  }
+}
+
+// A decimal integer of any size: its sign and its digits without leading zeros, none for 0.
+struct Decimal {
+  bool isNegative;
+  std::string_view digits;
+};
+
+Optional<Decimal> decimalIn(std::string_view text) noexcept {
+  const bool hasMinus = text.starts_with('-');
+  text.remove_prefix(hasMinus ? 1 : 0);
+  if (text.empty() || !std::ranges::all_of(text, isDigit)) return {};
+  text.remove_prefix(std::min(text.find_first_not_of('0'), text.size()));
+  return Decimal{hasMinus && !text.empty(), text};
+}
+
+std::strong_ordering orderOf(const Decimal& a, const Decimal& b) noexcept {
+  if (a.isNegative != b.isNegative) return b.isNegative <=> a.isNegative;
+  const auto bySize = a.digits.size() <=> b.digits.size();
+  const auto order = bySize != 0 ? bySize : a.digits <=> b.digits;
+  return a.isNegative ? 0 <=> order : order;
+}
+
+// The order of two identifiers that are not the same text.
+std::strong_ordering orderOf(std::string_view a, std::string_view b) noexcept {
+  const auto numberA = decimalIn(a);
+  const auto numberB = decimalIn(b);
+  if (numberA && numberB) return orderOf(*numberA, *numberB);
+  if (!numberA && !numberB) return a <=> b;
+  return numberA ? std::strong_ordering::less : std::strong_ordering::greater;
+}
+
+}  // namespace
+
+Version::Version(Int major, Int minor, Int patch, std::vector<std::string> prereleaseIdentifiers,
+                 Optional<std::string> buildMetadataIdentifier, std::source_location location)
+    : major_(major),
+      minor_(minor),
+      patch_(patch),
+      prereleaseIdentifiers_(std::move(prereleaseIdentifiers)),
+      buildMetadataIdentifier_(std::move(buildMetadataIdentifier)) {
+  if (major >= 0 && minor >= 0 && patch >= 0) return;
+  fatalFailure(fmt::format("Version({}, {}, {}) has a negative number", major, minor, patch),
+               location);
+}
+
+Optional<Version> Version::fromText(std::string_view text) {
+  const char* position = text.data();
+  const char* const end = position + text.size();
+  const Int major = readNumber(position, end);
+  if (major < 0 || position == end || *position++ != '.') return {};
+  const Int minor = readNumber(position, end);
+  if (minor < 0 || position == end || *position++ != '.') return {};
+  const Int patch = readNumber(position, end);
+  if (patch < 0) return {};
+
+  Optional<Version> result(std::in_place);
+  result->major_ = major;
+  result->minor_ = minor;
+  result->patch_ = patch;
+  if (position == end) return result;
+  std::string_view rest(position, static_cast<std::size_t>(end - position));
+  if (rest.front() != '-' && rest.front() != '+') return {};
+  // The first "-" ends the numbers, deliberately even where it stands in the metadata.
+  if (rest.front() == '+' && rest.find('-') != std::string_view::npos) return {};
+  const std::size_t plus = rest.find('+');
+  if (plus != std::string_view::npos) {
+    result->buildMetadataIdentifier_.emplace(rest.substr(plus + 1));
+    rest = rest.substr(0, plus);
+  }
+  if (!rest.empty()) result->prereleaseIdentifiers_ = identifiersIn(rest.substr(1));
+  return result;
+}
+
+Version Version::successor(std::source_location location) const {
+  return {major_, minor_, checkedAdd<Int>(patch_, 1, location)};
+}
+
+Version Version::predecessor(std::source_location location) const {
+  if (patch_ > 0) return {major_, minor_, patch_ - 1};
+  if (minor_ > 0) return {major_, minor_ - 1, largest};
+  if (major_ > 0) return {major_ - 1, largest, largest};
+  fatalFailure("Version " + description() + " has no predecessor", location);
+}
+
+std::string Version::description() const {
+  std::array<char, 3 * (std::numeric_limits<Int>::digits10 + 2)> numbers;
+  char* const end = numbers.data() + numbers.size();
+  char* out = std::to_chars(numbers.data(), end, major_).ptr;
+  *out++ = '.';
+  out = std::to_chars(out, end, minor_).ptr;
+  *out++ = '.';
+  out = std::to_chars(out, end, patch_).ptr;
+  std::string result(numbers.data(), out);
+  for (char separator = '-'; const std::string& identifier : prereleaseIdentifiers_) {
+    result += separator;
+    result += identifier;
+    separator = '.';
+  }
+  if (buildMetadataIdentifier_) {
+    result += '+';
+    result += *buildMetadataIdentifier_;
+  }
+  return result;
+}
+
+Int Version::hashValue() const noexcept {
+  std::uint64_t result = 0;
+  const auto mix = [&](std::uint64_t next) { result = result * 0x9ddfea08eb382d69 ^ next; };
+  const std::hash<std::string> hashOfText;
+  mix(static_cast<std::uint64_t>(major_));
+  mix(static_cast<std::uint64_t>(minor_));
+  mix(static_cast<std::uint64_t>(patch_));
+  for (const std::string& identifier : prereleaseIdentifiers_) mix(hashOfText(identifier));
+  if (buildMetadataIdentifier_) mix(hashOfText(*buildMetadataIdentifier_));
+  return static_cast<Int>(result);
+}
+
+std::partial_ordering operator<=>(const Version& a, const Version& b) noexcept {
+  if (const auto order = a.major_ <=> b.major_; order != 0) return order;
+  if (const auto order = a.minor_ <=> b.minor_; order != 0) return order;
+  if (const auto order = a.patch_ <=> b.patch_; order != 0) return order;
+  const auto& left = a.prereleaseIdentifiers_;
+  const auto& right = b.prereleaseIdentifiers_;
+  if (left.empty() || right.empty()) return left.empty() <=> right.empty();
+  const auto [first, second] = std::ranges::mismatch(left, right);
+  if (first == left.end() || second == right.end()) return left.size() <=> right.size();
+  return orderOf(*first, *second);
+}
+
+std::ostream& operator<<(std::ostream& out, const Version& version) {
+  return out << version.description();
+}
+
+}  // namespace tolvanite
