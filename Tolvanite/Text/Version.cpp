@@ -32,15 +32,24 @@ Int readNumber(const char*& position, const char* end) {
   return position == start ? -1 : number;
 }
 
+// Writes a number, most often one of one or two digits; gives the place behind it.
+char* writeNumber(char* out, Int number) {
+  if (number >= 100) return std::to_chars(out, out + 20, number).ptr;
+  if (number >= 10) *out++ = static_cast<char>('0' + number / 10);
+  *out++ = static_cast<char>('0' + number % 10);
+  return out;
+}
+
 // Splits at dots, empty pieces included.
-std::vector<std::string> identifiersIn(std::string_view text) {
-  std::vector<std::string> result;
+void appendIdentifiers(std::string_view text, std::vector<std::string>& result) {
   result.reserve(static_cast<std::size_t>(std::ranges::count(text, '.')) + 1);
+  const char* start = text.data();
+  const char* const end = start + text.size();
   while (true) {
-    const std::size_t dot = text.find('.');
-    result.emplace_back(text.substr(0, dot));
-    if (dot == std::string_view::npos) return result;
-    text.remove_prefix(dot + 1);
+    const char* const dot = std::find(start, end, '.');
+    result.emplace_back(start, dot);
+    if (dot == end) return;
+    start = dot + 1;
   }
 }
 
@@ -89,30 +98,31 @@ Version::Version(Int major, Int minor, Int patch, std::vector<std::string> prere
 }
 
 Optional<Version> Version::fromText(std::string_view text) {
+  Optional<Version> result;  // The only one that is returned, so that nothing is moved.
   const char* position = text.data();
   const char* const end = position + text.size();
   const Int major = readNumber(position, end);
-  if (major < 0 || position == end || *position++ != '.') return {};
+  if (major < 0 || position == end || *position++ != '.') return result;
   const Int minor = readNumber(position, end);
-  if (minor < 0 || position == end || *position++ != '.') return {};
+  if (minor < 0 || position == end || *position++ != '.') return result;
   const Int patch = readNumber(position, end);
-  if (patch < 0) return {};
-
-  Optional<Version> result(std::in_place);
-  result->major_ = major;
-  result->minor_ = minor;
-  result->patch_ = patch;
-  if (position == end) return result;
+  if (patch < 0) return result;
   std::string_view rest(position, static_cast<std::size_t>(end - position));
-  if (rest.front() != '-' && rest.front() != '+') return {};
+  if (!rest.empty() && rest.front() != '-' && rest.front() != '+') return result;
   // The first "-" ends the numbers, deliberately even where it stands in the metadata.
-  if (rest.front() == '+' && rest.find('-') != std::string_view::npos) return {};
+  if (rest.starts_with('+') && rest.find('-') != std::string_view::npos) return result;
+
+  Version& version = result.emplace();
+  version.major_ = major;
+  version.minor_ = minor;
+  version.patch_ = patch;
+  if (rest.empty()) return result;
   const std::size_t plus = rest.find('+');
   if (plus != std::string_view::npos) {
-    result->buildMetadataIdentifier_.emplace(rest.substr(plus + 1));
+    version.buildMetadataIdentifier_.emplace(rest.substr(plus + 1));
     rest = rest.substr(0, plus);
   }
-  if (!rest.empty()) result->prereleaseIdentifiers_ = identifiersIn(rest.substr(1));
+  if (!rest.empty()) appendIdentifiers(rest.substr(1), version.prereleaseIdentifiers_);
   return result;
 }
 
@@ -129,13 +139,18 @@ Version Version::predecessor(std::source_location location) const {
 
 std::string Version::description() const {
   std::array<char, 3 * (std::numeric_limits<Int>::digits10 + 2)> numbers;
-  char* const end = numbers.data() + numbers.size();
-  char* out = std::to_chars(numbers.data(), end, major_).ptr;
+  char* out = writeNumber(numbers.data(), major_);
   *out++ = '.';
-  out = std::to_chars(out, end, minor_).ptr;
+  out = writeNumber(out, minor_);
   *out++ = '.';
-  out = std::to_chars(out, end, patch_).ptr;
+  out = writeNumber(out, patch_);
   std::string result(numbers.data(), out);
+  if (prereleaseIdentifiers_.empty() && !buildMetadataIdentifier_) return result;
+
+  std::size_t size = result.size() + prereleaseIdentifiers_.size();
+  for (const std::string& identifier : prereleaseIdentifiers_) size += identifier.size();
+  if (buildMetadataIdentifier_) size += 1 + buildMetadataIdentifier_->size();
+  result.reserve(size);
   for (char separator = '-'; const std::string& identifier : prereleaseIdentifiers_) {
     result += separator;
     result += identifier;
