@@ -34,6 +34,9 @@ libraries='
 fmt/        Tolvanite/
 unicode/    Tolvanite/Frame/ Tolvanite/Text/ Tolvanite/Localization/
 curl/       Tolvanite/Platform/Linux/
+lz4.h       Tolvanite/Compression/
+zlib.h      Tolvanite/Compression/
+lzma.h      Tolvanite/Compression/
 '
 
 exec awk -v rooms="$rooms" -v libraries="$libraries" '

@@ -1,0 +1,82 @@
+#include <Tolvanite/Compression/Compression.h>
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <ostream>
+#include <span>
+
+#include <Tolvanite/Compression/detail/CompressionStream.h>
+
+namespace tolvanite {
+
+namespace {
+
+using detail::CompressionOperation;
+using detail::CompressionStream;
+
+// The result grows by pieces of this size.
+constexpr std::size_t pieceSize = 4096;
+
+// What headers promise is believed as far as text usually shrinks; beyond that, the result grows as
+// it comes, so that a small source can't make it claim much.
+constexpr std::size_t believedExpansion = 16;
+
+Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression,
+                               CompressionOperation operation,
+                               const CompressionProgress& progress) {
+  if (source.isEmpty()) return {};
+  const auto stream = detail::makeCompressionStream(operation, compression);
+  if (!stream) return {};
+
+  std::array<std::byte, pieceSize> piece;
+  stream->source = source;
+  stream->destination = piece;
+
+  ByteBuffer result;
+  result.reserve(static_cast<Int>(
+      std::min(stream->promisedSize(), source.size() * believedExpansion)));
+  while (true) {
+    switch (stream->process(operation == CompressionOperation::encode)) {
+      case CompressionStream::Status::ok:
+        if (!stream->destination.empty()) break;
+        result.append(std::span(piece));
+        stream->destination = piece;
+        if (progress) progress(source.count() - static_cast<Int>(stream->source.size()));
+        break;
+      case CompressionStream::Status::end:
+        result.append(std::span(piece).first(pieceSize - stream->destination.size()));
+        return result;
+      case CompressionStream::Status::error:
+        return {};
+    }
+  }
+}
+
+}  // namespace
+
+std::ostream& operator<<(std::ostream& out, Compression compression) {
+  switch (compression) {
+    case Compression::lz4:
+      return out << "lz4";
+    case Compression::zlib:
+      return out << "zlib";
+    case Compression::lzma:
+      return out << "lzma";
+    case Compression::lzfse:
+      return out << "lzfse";
+  }
+  return out << "Compression(" << static_cast<int>(compression) << ")";
+}
+
+Optional<ByteBuffer> uncompressed(const ByteBuffer& source, Compression compression,
+                                  const CompressionProgress& progress) {
+  return processed(source, compression, CompressionOperation::decode, progress);
+}
+
+Optional<ByteBuffer> compressed(const ByteBuffer& source, Compression compression,
+                                const CompressionProgress& progress) {
+  return processed(source, compression, CompressionOperation::encode, progress);
+}
+
+}  // namespace tolvanite

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include <Tolvanite/Compression/detail/FseTables.h>
+#include <Tolvanite/Compression/detail/LzfseHeader.h>
+#include <Tolvanite/Compression/detail/WideCopy.h>
+
+namespace tolvanite::detail::lzfse {
+
+// Reads a block of matches: first all its literals and triplets, then the output in pieces as large
+// as there is room.
+class BlockDecoder {
+ public:
+  // Reads the block's payloads, which `block` holds behind its header. False if it is damaged in
+  // any way but that a match reaches back too far, which only writing can tell.
+  bool open(const Header& header, std::span<const std::byte> block);
+
+  bool isFinished() const { return next_ == end_; }
+
+  // The room that the next step of `write` may need.
+  static constexpr std::size_t mostStep = mostL + mostM + copySlack;
+
+  // Writes from `place` on, until the block is finished or less than `mostStep` is left before
+  // `limit`, and moves `place` to the end of what it wrote. Output of before stands from `history`
+  // up to `place`. False if a match reaches back too far.
+  bool write(const std::byte* history, std::byte*& place, const std::byte* limit);
+
+ private:
+  bool makeTables(const Header& header);
+  bool readLiterals(const Header& header, std::span<const std::byte> payload);
+  bool readTriplets(const Header& header, std::span<const std::byte> payload);
+
+  alignas(64) std::array<LiteralEntry, literalStates> literalTable_;
+  std::array<ValueEntry, lengthStates> lTable_;
+  std::array<ValueEntry, lengthStates> mTable_;
+  std::array<ValueEntry, distanceStates> dTable_;
+  std::array<std::byte, mostLiterals + mostL + copySlack> literals_;
+  std::array<Triplet, mostTriplets> triplets_;
+  const std::byte* nextLiteral_ = nullptr;
+  const Triplet* next_ = nullptr;
+  const Triplet* end_ = nullptr;
+};
+
+}  // namespace tolvanite::detail::lzfse
