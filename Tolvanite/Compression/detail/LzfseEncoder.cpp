@@ -21,7 +21,7 @@ void Encoder::makeBlock() {
   writer_.start(source.data());
   bool hasRoom = writer_.add(rest_);
   while (hasRoom && !matches_->isFinished()) {
-    rest_ = matches_->next();
+    matches_->next(rest_);
     hasRoom = writer_.add(rest_);
   }
   if (!writer_.isEmpty()) {

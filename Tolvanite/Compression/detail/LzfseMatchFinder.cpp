@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 #include <Tolvanite/Compression/detail/LittleEndian.h>
 
@@ -11,10 +12,15 @@ namespace {
 
 constexpr int setBits = 14;
 
-// Matches are found by their first four bytes. At the last places of a text, none is looked for, so
-// that eight bytes can be read.
-constexpr std::size_t leastCount = 4;
+// Places are hashed by the lower six of the eight bytes that stand there. That finds fewer matches
+// of four and five bytes, of which most do not pay, and more of the long ones.
+constexpr int unhashedBits = 16;
+
+// At the last places of a text, no match is looked for, so that eight bytes can be read.
 constexpr std::size_t unsearchedEnd = 8;
+
+// Of the places that a match covers, one in so many is entered.
+constexpr std::size_t coveredStep = 2;
 
 // A match as long as that is taken without looking for a better one.
 constexpr std::size_t goodCount = 40;
@@ -24,7 +30,7 @@ constexpr std::size_t goodCount = 40;
 constexpr int usualLiteralCost = 40;
 constexpr int matchCost = 64;
 constexpr int sameDistanceCost = 48;
-constexpr int laterCost = 8;
+constexpr int laterCost = 8;  // of a literal more before a match
 
 // How many bytes are equal from two places on, of which `later` is the later, up to `end`.
 std::size_t equalCount(const std::byte* earlier, const std::byte* later, const std::byte* end) {
@@ -53,20 +59,23 @@ MatchFinder::MatchFinder(std::span<const std::byte> text)
       literalCost_(usualLiteralCost),
       sets_(std::size_t{1} << setBits) {}
 
-MatchFinder::Set& MatchFinder::setAt(std::size_t place) {
-  const auto bytes = loadLittle<std::uint32_t>(text_.data() + place);
-  return sets_[(bytes * 2654435761U) >> (32 - setBits)];
+inline MatchFinder::Set& MatchFinder::setAt(std::uint64_t bytes) {
+  return sets_[((bytes << unhashedBits) * 0x9E3779B97F4A7C15U) >> (64 - setBits)];
 }
 
-void MatchFinder::enter(Set& set, std::size_t place) {
-  for (std::size_t i = ways - 1; i > 0; --i) set[i] = set[i - 1];
-  set[0] = static_cast<std::uint32_t>(place);
+inline void MatchFinder::enter(Set& set, std::uint32_t bytes, Place place) {
+  static_assert(ways == 4);
+  set = {std::uint64_t{bytes} << 32 | place, set[0], set[1], set[2]};
+}
+
+inline void MatchFinder::enter(std::size_t place) {
+  const auto bytes = loadLittle<std::uint64_t>(text_.data() + place);
+  enter(setAt(bytes), static_cast<std::uint32_t>(bytes), static_cast<Place>(place));
 }
 
 // Makes the match at `distance` the best one if there is one that gains more.
-void MatchFinder::consider(Match& best, std::size_t place, std::size_t distance) const {
+inline void MatchFinder::consider(Match& best, std::size_t place, std::size_t distance) const {
   const std::byte* const here = text_.data() + place;
-  if (loadLittle<std::uint32_t>(here) != loadLittle<std::uint32_t>(here - distance)) return;
   const std::size_t count = equalCount(here - distance, here, text_.data() + text_.size());
   const int cost = distance == distance_
                        ? sameDistanceCost
@@ -75,18 +84,33 @@ void MatchFinder::consider(Match& best, std::size_t place, std::size_t distance)
   if (gain > best.gain) best = {place, count, distance, gain};
 }
 
-// The best match at a place, which is entered.
-MatchFinder::Match MatchFinder::best(std::size_t place) {
+// The best match of those places whose first four bytes are `first`.
+MatchFinder::Match MatchFinder::bestOf(const Set& set, std::size_t place,
+                                       std::uint32_t first) const {
   Match result;
-  const auto newest = static_cast<std::uint32_t>(place);
   const auto farthest = static_cast<std::uint32_t>(std::min<std::size_t>(place, mostD));
-  if (distance_ != 0) consider(result, place, distance_);
-  Set& set = setAt(place);
-  for (const std::uint32_t earlier : set) {
-    const std::uint32_t distance = newest - earlier;
-    if (distance - 1 < farthest) consider(result, place, distance);
+  for (const std::uint64_t entry : set) {
+    const std::uint32_t distance = static_cast<Place>(place) - static_cast<Place>(entry);
+    if (entry >> 32 == first && distance - 1 < farthest) consider(result, place, distance);
   }
-  enter(set, place);
+  return result;
+}
+
+// The best match at a place, which is entered.
+inline MatchFinder::Match MatchFinder::best(std::size_t place) {
+  const auto bytes = loadLittle<std::uint64_t>(text_.data() + place);
+  const auto first = static_cast<std::uint32_t>(bytes);
+  Set& set = setAt(bytes);
+  Match result;
+  // Most places have no candidate, so that is found out without a branch for each entry.
+  if ((set[0] >> 32 == first) | (set[1] >> 32 == first) | (set[2] >> 32 == first) |
+      (set[3] >> 32 == first)) {
+    result = bestOf(set, place, first);
+  }
+  if (distance_ != 0 && loadLittle<std::uint32_t>(text_.data() + place - distance_) == first) {
+    consider(result, place, distance_);
+  }
+  enter(set, first, static_cast<Place>(place));
   return result;
 }
 
@@ -99,25 +123,32 @@ MatchFinder::Match MatchFinder::extendedBackward(Match match, std::size_t start)
   return match;
 }
 
-Sequence MatchFinder::next() {
+void MatchFinder::next(Sequence& sequence) {
   const std::size_t start = place_;
+  Match match;
   std::size_t place = start;
-  while (place < end_) {
-    Match match = best(place++);
-    if (match.gain == 0) continue;
-    while (match.count < goodCount && place < end_) {
-      const Match later = best(place++);
-      if (later.gain <= match.gain + laterCost) break;
-      match = later;
+  for (; place < end_; ++place) {
+    const Match found = best(place);
+    if (found.gain > match.gain + (match.gain > 0 ? laterCost : 0)) {
+      match = found;
+      if (match.count >= goodCount) break;
+    } else if (match.gain > 0) {
+      break;
     }
-    match = extendedBackward(match, start);
-    place_ = match.place + match.count;
-    for (const std::size_t end = std::min(place_, end_); place < end; ++place) enter(place);
-    distance_ = match.distance;
-    return {match.place - start, match.count, match.distance};
   }
-  place_ = text_.size();
-  return {place_ - start, 0, 0};
+  if (match.gain == 0) {
+    place_ = text_.size();
+    sequence = {place_ - start, 0, 0};
+    return;
+  }
+  const std::size_t covered = std::min(match.place + match.count, end_);
+  for (++place; place < covered; place += coveredStep) enter(place);
+  match = extendedBackward(match, start);
+  place_ = match.place + match.count;
+  distance_ = match.distance;
+  sequence.literalCount = match.place - start;
+  sequence.count = match.count;
+  sequence.distance = match.distance;
 }
 
 }  // namespace tolvanite::detail::lzfse

@@ -27,16 +27,19 @@ class MatchFinder {
   bool isFinished() const { return place_ == text_.size(); }
 
   // The next sequence, which has 1 byte or more; there must be something left.
-  Sequence next();
+  void next(Sequence& sequence);
 
   // What a literal is thought to cost from now on, in eighths of a bit.
   void setLiteralCost(int cost) { literalCost_ = cost; }
 
  private:
-  // The newest places whose first bytes hash alike, newest first. Places are counted modulo 2^32,
-  // which is good enough since the text is looked at in any case.
+  // Places are counted modulo 2^32, which is good enough since the text is looked at in any case.
+  using Place = std::uint32_t;
+
+  // The newest places whose first six bytes hash alike, newest first; in the upper half of each,
+  // the first four of these bytes.
   static constexpr std::size_t ways = 4;
-  using Set = std::array<std::uint32_t, ways>;
+  using Set = std::array<std::uint64_t, ways>;
 
   struct Match {
     std::size_t place = 0;
@@ -46,11 +49,12 @@ class MatchFinder {
   };
 
   Match best(std::size_t place);
+  Match bestOf(const Set& set, std::size_t place, std::uint32_t first) const;
   Match extendedBackward(Match match, std::size_t start) const;
   void consider(Match& best, std::size_t place, std::size_t distance) const;
-  Set& setAt(std::size_t place);
-  void enter(std::size_t place) { enter(setAt(place), place); }
-  static void enter(Set& set, std::size_t place);
+  Set& setAt(std::uint64_t bytes);
+  void enter(std::size_t place);
+  static void enter(Set& set, std::uint32_t bytes, Place place);
 
   std::span<const std::byte> text_;
   std::size_t place_ = 0;     // where the next sequence starts
