@@ -18,8 +18,9 @@ using detail::CompressionStream;
 // The result grows by pieces of this size.
 constexpr std::size_t pieceSize = 4096;
 
-// What headers promise is believed as far as text usually shrinks; beyond that, the result grows as
-// it comes, so that a small source can't make it claim much.
+// What headers promise is believed up to this size, and beyond it as far as text usually shrinks.
+// Otherwise the result grows as it comes, so that a small source can't make it claim much.
+constexpr std::size_t believedSize = std::size_t{4} << 20;
 constexpr std::size_t believedExpansion = 16;
 
 Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression,
@@ -34,8 +35,8 @@ Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression
   stream->destination = piece;
 
   ByteBuffer result;
-  result.reserve(static_cast<Int>(
-      std::min(stream->promisedSize(), source.size() * believedExpansion)));
+  result.reserve(static_cast<Int>(std::min(
+      stream->promisedSize(), std::max(source.size() * believedExpansion, believedSize))));
   while (true) {
     switch (stream->process(operation == CompressionOperation::encode)) {
       case CompressionStream::Status::ok:

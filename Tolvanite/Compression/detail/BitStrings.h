@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -8,52 +9,51 @@
 
 namespace tolvanite::detail::lzfse {
 
-// Bits taken from the topmost of a word downward.
-class BitWindow {
- public:
-  explicit BitWindow(std::uint64_t word) : word_(word) {}
-
-  // `count` may be 0. No more than the word holds may be taken in all.
-  std::uint32_t take(unsigned count) {
-    const auto result = static_cast<std::uint32_t>((word_ >> 1) >> (63 - count));
-    word_ <<= count;
-    return result;
-  }
-
- private:
-  std::uint64_t word_;
-};
+// The numbers whose lowest bits, as many as the index says, are set.
+inline constexpr auto lowBits = [] {
+  std::array<std::uint32_t, 32> result{};
+  for (unsigned i = 0; i < result.size(); ++i) result[i] = (std::uint32_t{1} << i) - 1;
+  return result;
+}();
 
 // Reads a payload's bit string from its end to its start.
 class BackwardBits {
  public:
-  // `padding`, 0 to 7, is the number of bits left over in the last byte. There must be 8 bytes to
-  // read before the payload, since windows may dip below it.
+  // `padding`, 0 to 7, is the number of bits left over in the last byte. Beside the payload, 7 bytes
+  // before it and one behind it must be there to be read, since words are.
   //
   // False if the payload is too short for its padding or bits of the padding are set.
   bool open(std::span<const std::byte> payload, int padding) {
-    begin_ = payload.data();
-    left_ = static_cast<std::int64_t>(payload.size() * 8) - padding;
-    if (left_ < 0) return false;
-    return padding == 0 || (std::to_integer<int>(payload.back()) >> (8 - padding)) == 0;
+    const auto count = static_cast<std::int64_t>(payload.size() * 8) - padding;
+    if (count < 0) return false;
+    if (padding != 0 && (std::to_integer<int>(payload.back()) >> (8 - padding)) != 0) return false;
+    first_ = payload.data() - 7;
+    left_ = static_cast<std::uint64_t>(count & 7) | 56;
+    place_ = payload.data() + (count - static_cast<std::int64_t>(left_)) / 8;
+    word_ = loadLittle<std::uint64_t>(place_);
+    return true;
   }
 
-  // The next bits: 57 or more. Bits beyond the start of the payload are whatever is there.
-  BitWindow window() const {
-    const std::int64_t end = (left_ + 7) >> 3;
-    const auto word = loadLittle<std::uint64_t>(begin_ + end - 8);
-    return BitWindow(word << (end * 8 - left_));
-  }
-
-  // Counts bits as read. False if there were not so many; then no window may be asked for.
-  bool consume(unsigned count) {
+  // The next bits. Of the first ones, and after each `refill`, 56 can be taken.
+  std::uint32_t take(std::uint64_t count) {
     left_ -= count;
-    return left_ >= 0;
+    return static_cast<std::uint32_t>(word_ >> (left_ & 63)) & lowBits[count];
+  }
+
+  // False if more bits were taken than there are; then no more may be.
+  bool refill() {
+    place_ -= (left_ ^ 63) >> 3;  // what is missing of 63
+    left_ |= 56;
+    if (place_ < first_) return false;
+    word_ = loadLittle<std::uint64_t>(place_);
+    return true;
   }
 
  private:
-  const std::byte* begin_ = nullptr;
-  std::int64_t left_ = 0;  // bits
+  std::uint64_t word_ = 0;             // what stands at `place_`
+  std::uint64_t left_ = 0;             // bits of it, from the lowest up, 63 at most
+  const std::byte* place_ = nullptr;
+  const std::byte* first_ = nullptr;   // the least `place_` where no bit too many is taken
 };
 
 // Appends numbers to a bit string, the lowest bit first.

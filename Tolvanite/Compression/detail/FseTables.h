@@ -16,16 +16,16 @@ namespace tolvanite::detail::lzfse {
 
 struct LiteralEntry {
   std::uint8_t bits = 0;  // that the next state takes
-  std::uint8_t literal = 0;
+  std::byte literal{};
   std::uint16_t base = 0;  // of the next state
 };
 
-// Of the states of L, M and D. One pull gives the bits of the next state above those of the value.
+// Of the states of L, M and D. The bits of the next state come before those of the value.
 struct ValueEntry {
-  std::uint8_t bits = 0;  // of state and value together
+  std::uint8_t stateBits = 0;
   std::uint8_t extraBits = 0;
   std::uint16_t stateBase = 0;
-  std::int32_t valueBase = 0;
+  std::uint32_t valueBase = 0;
 };
 
 struct EncoderEntry {
@@ -62,7 +62,7 @@ void forEachState(std::uint32_t states, std::span<const std::uint16_t> frequenci
 inline void makeLiteralTable(std::span<const std::uint16_t> frequencies,
                              std::span<LiteralEntry, literalStates> table) {
   forEachState(literalStates, frequencies, [&](auto state, auto symbol, auto bits, auto base) {
-    table[state] = {static_cast<std::uint8_t>(bits), static_cast<std::uint8_t>(symbol),
+    table[state] = {static_cast<std::uint8_t>(bits), static_cast<std::byte>(symbol),
                     static_cast<std::uint16_t>(base)};
   });
 }
@@ -71,8 +71,8 @@ template <std::size_t states, std::size_t symbols>
 void makeValueTable(std::span<const std::uint16_t> frequencies, const ValueCode<symbols>& code,
                     std::array<ValueEntry, states>& table) {
   forEachState(states, frequencies, [&](auto state, auto symbol, auto bits, auto base) {
-    table[state] = {static_cast<std::uint8_t>(bits + code.extraBits[symbol]),
-                    code.extraBits[symbol], static_cast<std::uint16_t>(base), code.base[symbol]};
+    table[state] = {static_cast<std::uint8_t>(bits), code.extraBits[symbol],
+                    static_cast<std::uint16_t>(base), code.base[symbol]};
   });
 }
 

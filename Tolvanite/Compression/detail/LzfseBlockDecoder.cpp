@@ -8,23 +8,104 @@ namespace {
 
 using Bytes = std::span<const std::byte>;
 
-// A state lies in its table, since a used table's frequencies sum to the number of its states.
-inline std::uint32_t takeValue(const ValueEntry& entry, BitWindow& bits, std::uint32_t& state) {
-  const std::uint32_t both = bits.take(entry.bits);
-  state = entry.stateBase + (both >> entry.extraBits);
-  return static_cast<std::uint32_t>(entry.valueBase) +
-         (both & ((std::uint32_t{1} << entry.extraBits) - 1));
-}
+// States lie in their tables, since the frequencies of a used table sum to the number of its states.
+
+// Reads literals in groups of four.
+class LiteralReader {
+ public:
+  static constexpr std::size_t group = 4;
+
+  explicit LiteralReader(const LiteralEntry* table) : table_(table) {}
+
+  bool open(const Header& header, Bytes payload) {
+    state0_ = header.literalState[0];
+    state1_ = header.literalState[1];
+    state2_ = header.literalState[2];
+    state3_ = header.literalState[3];
+    return bits_.open(payload, -header.literalBits);
+  }
+
+  // False if the payload has no more bits.
+  [[gnu::always_inline]] bool read(std::byte* literals) {
+    // At most 40 bits.
+    literals[0] = take(state0_);
+    literals[1] = take(state1_);
+    literals[2] = take(state2_);
+    literals[3] = take(state3_);
+    return bits_.refill();
+  }
+
+ private:
+  [[gnu::always_inline]] std::byte take(std::uint32_t& state) {
+    const LiteralEntry& entry = table_[state];
+    state = entry.base + bits_.take(entry.bits);
+    return entry.literal;
+  }
+
+  const LiteralEntry* table_;
+  BackwardBits bits_;
+  std::uint32_t state0_ = 0;
+  std::uint32_t state1_ = 0;
+  std::uint32_t state2_ = 0;
+  std::uint32_t state3_ = 0;
+};
+
+class TripletReader {
+ public:
+  TripletReader(const ValueEntry* lTable, const ValueEntry* mTable, const ValueEntry* dTable)
+      : lTable_(lTable), mTable_(mTable), dTable_(dTable) {}
+
+  bool open(const Header& header, Bytes payload) {
+    lState_ = header.lState;
+    mState_ = header.mState;
+    dState_ = header.dState;
+    return bits_.open(payload, -header.tripletBits);
+  }
+
+  // False if the payload has no more bits.
+  [[gnu::always_inline]] bool read(Triplet& triplet) {
+    // At most 54 bits.
+    const ValueEntry lEntry = lTable_[lState_];
+    const ValueEntry mEntry = mTable_[mState_];
+    const ValueEntry dEntry = dTable_[dState_];
+    triplet.l = static_cast<std::uint16_t>(take(lEntry, lState_));
+    triplet.m = static_cast<std::uint16_t>(take(mEntry, mState_));
+    const std::uint32_t d = take(dEntry, dState_);
+    distance_ = d != 0 ? d : distance_;
+    triplet.d = distance_;
+    return bits_.refill();
+  }
+
+ private:
+  std::uint32_t take(const ValueEntry& entry, std::uint32_t& state) {
+    state = entry.stateBase + bits_.take(entry.stateBits);
+    return entry.valueBase + bits_.take(entry.extraBits);
+  }
+
+  const ValueEntry* lTable_;
+  const ValueEntry* mTable_;
+  const ValueEntry* dTable_;
+  BackwardBits bits_;
+  std::uint32_t lState_ = 0;
+  std::uint32_t mState_ = 0;
+  std::uint32_t dState_ = 0;
+  std::uint32_t distance_ = 0;
+};
 
 }  // namespace
 
 bool BlockDecoder::open(const Header& header, Bytes block) {
   nextLiteral_ = literals_.data();
   next_ = end_ = triplets_.data();
-  const Bytes literals = block.subspan(header.headerSize, header.literalPayloadSize);
-  const Bytes triplets =
-      block.subspan(header.headerSize + header.literalPayloadSize, header.tripletPayloadSize);
-  return makeTables(header) && readLiterals(header, literals) && readTriplets(header, triplets);
+  if (!makeTables(header) || !readPayloads(header, block)) return false;
+  end_ = triplets_.data() + header.tripletCount;
+  std::uint32_t literalCount = 0;
+  std::uint32_t matchedCount = 0;
+  for (const Triplet& triplet : std::span(next_, end_)) {
+    literalCount += triplet.l;
+    matchedCount += triplet.m;
+  }
+  return literalCount <= header.literalCount && literalCount + matchedCount == header.plainSize;
 }
 
 bool BlockDecoder::makeTables(const Header& header) {
@@ -47,59 +128,38 @@ bool BlockDecoder::makeTables(const Header& header) {
   return true;
 }
 
-bool BlockDecoder::readLiterals(const Header& header, Bytes payload) {
-  BackwardBits bits;
-  if (!bits.open(payload, -header.literalBits)) return false;
-  std::array<std::uint32_t, 4> state{};
-  for (std::size_t i = 0; i < 4; ++i) state[i] = header.literalState[i];
-  std::byte* const literals = literals_.data();
-  for (std::size_t i = 0; i < header.literalCount; i += 4) {
-    // At most 40 bits.
-    BitWindow window = bits.window();
-    const LiteralEntry entry0 = literalTable_[state[0]];
-    const LiteralEntry entry1 = literalTable_[state[1]];
-    const LiteralEntry entry2 = literalTable_[state[2]];
-    const LiteralEntry entry3 = literalTable_[state[3]];
-    literals[i] = std::byte{entry0.literal};
-    literals[i + 1] = std::byte{entry1.literal};
-    literals[i + 2] = std::byte{entry2.literal};
-    literals[i + 3] = std::byte{entry3.literal};
-    state[0] = entry0.base + window.take(entry0.bits);
-    state[1] = entry1.base + window.take(entry1.bits);
-    state[2] = entry2.base + window.take(entry2.bits);
-    state[3] = entry3.base + window.take(entry3.bits);
-    const unsigned count = unsigned{entry0.bits} + entry1.bits + entry2.bits + entry3.bits;
-    if (!bits.consume(count)) return false;
+// Each reader waits for its tables most of the time, so both are run side by side, without a branch
+// that depends on what is read.
+bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
+  const Bytes payloads = block.subspan(header.headerSize);
+  LiteralReader literals(literalTable_.data());
+  TripletReader triplets(lTable_.data(), mTable_.data(), dTable_.data());
+  if (!literals.open(header, payloads.first(header.literalPayloadSize)) ||
+      !triplets.open(header, payloads.subspan(header.literalPayloadSize,
+                                              header.tripletPayloadSize))) {
+    return false;
+  }
+
+  std::byte* literal = literals_.data();
+  const std::byte* const literalsEnd = literal + header.literalCount;
+  Triplet* triplet = triplets_.data();
+  const Triplet* const tripletsEnd = triplet + header.tripletCount;
+  constexpr std::size_t side = 2 * LiteralReader::group;
+  while (triplet != tripletsEnd && static_cast<std::size_t>(literalsEnd - literal) >= side) {
+    if (!triplets.read(*triplet) || !literals.read(literal) ||
+        !literals.read(literal + LiteralReader::group)) {
+      return false;
+    }
+    ++triplet;
+    literal += side;
+  }
+  for (; triplet != tripletsEnd; ++triplet) {
+    if (!triplets.read(*triplet)) return false;
+  }
+  for (; literal != literalsEnd; literal += LiteralReader::group) {
+    if (!literals.read(literal)) return false;
   }
   return true;
-}
-
-bool BlockDecoder::readTriplets(const Header& header, Bytes payload) {
-  BackwardBits bits;
-  if (!bits.open(payload, -header.tripletBits)) return false;
-  std::uint32_t lState = header.lState;
-  std::uint32_t mState = header.mState;
-  std::uint32_t dState = header.dState;
-  std::uint32_t distance = 0;
-  std::uint32_t literalCount = 0;
-  std::uint32_t matchedCount = 0;
-  for (std::uint32_t i = 0; i < header.tripletCount; ++i) {
-    // At most 54 bits.
-    BitWindow window = bits.window();
-    const ValueEntry lEntry = lTable_[lState];
-    const ValueEntry mEntry = mTable_[mState];
-    const ValueEntry dEntry = dTable_[dState];
-    const std::uint32_t l = takeValue(lEntry, window, lState);
-    const std::uint32_t m = takeValue(mEntry, window, mState);
-    const std::uint32_t d = takeValue(dEntry, window, dState);
-    distance = d != 0 ? d : distance;
-    triplets_[i] = {static_cast<std::uint16_t>(l), static_cast<std::uint16_t>(m), distance};
-    literalCount += l;
-    matchedCount += m;
-    if (!bits.consume(unsigned{lEntry.bits} + mEntry.bits + dEntry.bits)) return false;
-  }
-  end_ = triplets_.data() + header.tripletCount;
-  return literalCount <= header.literalCount && literalCount + matchedCount == header.plainSize;
 }
 
 bool BlockDecoder::write(const std::byte* history, std::byte*& place, const std::byte* limit) {

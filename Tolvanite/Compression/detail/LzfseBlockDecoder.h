@@ -31,8 +31,7 @@ class BlockDecoder {
 
  private:
   bool makeTables(const Header& header);
-  bool readLiterals(const Header& header, std::span<const std::byte> payload);
-  bool readTriplets(const Header& header, std::span<const std::byte> payload);
+  bool readPayloads(const Header& header, std::span<const std::byte> block);
 
   alignas(64) std::array<LiteralEntry, literalStates> literalTable_;
   std::array<ValueEntry, lengthStates> lTable_;

@@ -28,7 +28,7 @@ template <std::size_t count, std::uint32_t most>
 constexpr auto symbolsOf(const ValueCode<count>& code) {
   std::array<std::uint8_t, most + 1> result{};
   for (std::size_t symbol = 0; symbol < count; ++symbol) {
-    const auto first = static_cast<std::size_t>(code.base[symbol]);
+    const std::size_t first = code.base[symbol];
     for (std::size_t i = 0; i < std::size_t{1} << code.extraBits[symbol]; ++i) {
       result[first + i] = static_cast<std::uint8_t>(symbol);
     }
@@ -57,7 +57,7 @@ inline void encode(BitWriter& bits, std::uint32_t& state, const EncoderEntry& en
 template <std::size_t count>
 void encodeValue(BitWriter& bits, std::uint32_t& state, std::uint32_t value, std::size_t symbol,
                  const ValueCode<count>& code, const std::array<EncoderEntry, count>& table) {
-  bits.add(value - static_cast<std::uint32_t>(code.base[symbol]), code.extraBits[symbol]);
+  bits.add(value - code.base[symbol], code.extraBits[symbol]);
   encode(bits, state, table[symbol]);
 }
 

@@ -98,6 +98,8 @@ bool Decoder::openMatches(bool hasCodedTables) {
                      : !readPlainTablesHeader(source, header_)) {
     return false;
   }
+  // Another block has to follow, and words are read beyond the end of this one.
+  if (source.size() - header_.blockSize() < 4) return false;
   if (!matches_.open(header_, source)) return false;
   source = source.subspan(header_.blockSize());
   kind_ = Kind::matches;

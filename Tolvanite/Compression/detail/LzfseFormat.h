@@ -43,7 +43,7 @@ inline constexpr std::size_t tripletPadding = 8;
 // A value is the base of its symbol plus a number of so many extra bits.
 template <std::size_t count>
 struct ValueCode {
-  std::array<std::int32_t, count> base{};
+  std::array<std::uint32_t, count> base{};
   std::array<std::uint8_t, count> extraBits{};
 };
 
@@ -51,7 +51,7 @@ template <std::size_t count>
 constexpr ValueCode<count> valueCode(std::array<std::uint8_t, count> extraBits) {
   ValueCode<count> result{.extraBits = extraBits};
   for (std::size_t symbol = 1; symbol < count; ++symbol) {
-    result.base[symbol] = result.base[symbol - 1] + (1 << extraBits[symbol - 1]);
+    result.base[symbol] = result.base[symbol - 1] + (std::uint32_t{1} << extraBits[symbol - 1]);
   }
   return result;
 }
