@@ -7,6 +7,7 @@
 #include <span>
 
 #include <Tolvanite/Compression/detail/CompressionStream.h>
+#include <Tolvanite/Platform/LargeMemory.h>
 
 namespace tolvanite {
 
@@ -34,9 +35,11 @@ Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression
   stream->source = source;
   stream->destination = piece;
 
+  const std::size_t expected =
+      std::min(stream->promisedSize(), std::max(source.size() * believedExpansion, believedSize));
   ByteBuffer result;
-  result.reserve(static_cast<Int>(std::min(
-      stream->promisedSize(), std::max(source.size() * believedExpansion, believedSize))));
+  result.reserve(static_cast<Int>(expected));
+  expectFilling(result.data(), expected);
   while (true) {
     switch (stream->process(operation == CompressionOperation::encode)) {
       case CompressionStream::Status::ok:

@@ -19,8 +19,8 @@ inline constexpr auto lowBits = [] {
 // Reads a payload's bit string from its end to its start.
 class BackwardBits {
  public:
-  // `padding`, 0 to 7, is the number of bits left over in the last byte. Beside the payload, 7 bytes
-  // before it and one behind it must be there to be read, since words are.
+  // `padding`, 0 to 7, is the number of bits left over in the last byte. Beside the payload, 7
+  // bytes before it and one behind it must be there to be read, since words are.
   //
   // False if the payload is too short for its padding or bits of the padding are set.
   bool open(std::span<const std::byte> payload, int padding) {
@@ -50,10 +50,10 @@ class BackwardBits {
   }
 
  private:
-  std::uint64_t word_ = 0;             // what stands at `place_`
-  std::uint64_t left_ = 0;             // bits of it, from the lowest up, 63 at most
+  std::uint64_t word_ = 0;  // what stands at `place_`
+  std::uint64_t left_ = 0;  // bits of it, from the lowest up, 63 at most
   const std::byte* place_ = nullptr;
-  const std::byte* first_ = nullptr;   // the least `place_` where no bit too many is taken
+  const std::byte* first_ = nullptr;  // the least `place_` where no bit too many is taken
 };
 
 // Appends numbers to a bit string, the lowest bit first.

@@ -50,12 +50,11 @@ void makeEncoderTable(std::span<const std::uint16_t> frequencies, std::uint32_t 
     if (frequency == 0) continue;
     const auto count = static_cast<std::int32_t>(states);
     const int bits = std::bit_width(states) - std::bit_width(frequencies[symbol]);
-    table[symbol] = {
-        .firstLong = static_cast<std::uint16_t>((frequency << bits) - count),
-        .bits = static_cast<std::uint8_t>(bits),
-        .deltaLong = static_cast<std::int16_t>(first - frequency + (count >> bits)),
-        .deltaShort = static_cast<std::int16_t>(
-            bits == 0 ? 0 : first - frequency + (count >> (bits - 1)))};
+    table[symbol] = {.firstLong = static_cast<std::uint16_t>((frequency << bits) - count),
+                     .bits = static_cast<std::uint8_t>(bits),
+                     .deltaLong = static_cast<std::int16_t>(first - frequency + (count >> bits)),
+                     .deltaShort = static_cast<std::int16_t>(
+                         bits == 0 ? 0 : first - frequency + (count >> (bits - 1)))};
     first += frequency;
   }
 }

@@ -47,7 +47,8 @@ void forEachState(std::uint32_t states, std::span<const std::uint16_t> frequenci
   for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol) {
     const std::uint32_t frequency = frequencies[symbol];
     if (frequency == 0) continue;
-    const auto bits = static_cast<std::uint32_t>(std::bit_width(states) - std::bit_width(frequency));
+    const auto bits =
+        static_cast<std::uint32_t>(std::bit_width(states) - std::bit_width(frequency));
     const std::uint32_t longOnes = (2 * states >> bits) - frequency;
     for (std::uint32_t j = 0; j < frequency; ++j, ++state) {
       if (j < longOnes) {
@@ -76,8 +77,8 @@ void makeValueTable(std::span<const std::uint16_t> frequencies, const ValueCode<
   });
 }
 
-// Scales counts to frequencies whose sum is `states` and of which none that is counted is 0. Without
-// any count, symbol 0 gets all.
+// Scales counts to frequencies whose sum is `states` and of which none that is counted is 0.
+// Without any count, symbol 0 gets all.
 void scaleToStates(std::span<const std::uint32_t> counts, std::uint32_t states,
                    std::span<std::uint16_t> frequencies);
 

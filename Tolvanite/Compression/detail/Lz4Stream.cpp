@@ -48,9 +48,8 @@ bool readBlock(Bytes source, Lz4Block& block) {
   if (block.magic != packedMagic && block.magic != storedMagic) return false;
   if (source.size() < headerSize) return false;
   block.plainSize = loadLittle<std::uint32_t>(source.data() + 4);
-  const std::size_t payloadSize = block.magic == packedMagic
-                                      ? loadLittle<std::uint32_t>(source.data() + 8)
-                                      : block.plainSize;
+  const std::size_t payloadSize =
+      block.magic == packedMagic ? loadLittle<std::uint32_t>(source.data() + 8) : block.plainSize;
   if (payloadSize > source.size() - headerSize) return false;
   if (block.plainSize > LZ4_MAX_INPUT_SIZE && block.magic == packedMagic) return false;
   if (block.plainSize > payloadSize * mostExpansion) return false;

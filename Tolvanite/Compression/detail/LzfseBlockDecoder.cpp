@@ -8,7 +8,8 @@ namespace {
 
 using Bytes = std::span<const std::byte>;
 
-// States lie in their tables, since the frequencies of a used table sum to the number of its states.
+// States lie in their tables, since the frequencies of a used table sum to the number of its
+// states.
 
 // Reads literals in groups of four.
 class LiteralReader {
@@ -135,8 +136,8 @@ bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
   LiteralReader literals(literalTable_.data());
   TripletReader triplets(lTable_.data(), mTable_.data(), dTable_.data());
   if (!literals.open(header, payloads.first(header.literalPayloadSize)) ||
-      !triplets.open(header, payloads.subspan(header.literalPayloadSize,
-                                              header.tripletPayloadSize))) {
+      !triplets.open(header,
+                     payloads.subspan(header.literalPayloadSize, header.tripletPayloadSize))) {
     return false;
   }
 

@@ -194,7 +194,8 @@ std::byte* BlockWriter::writeLiterals(std::byte* place) {
     bits.flush();
   }
   header_.literalBits = -bits.finish();
-  for (std::size_t j = 0; j < 4; ++j) header_.literalState[j] = static_cast<std::uint16_t>(state[j]);
+  for (std::size_t j = 0; j < 4; ++j)
+    header_.literalState[j] = static_cast<std::uint16_t>(state[j]);
   return bits.place();
 }
 

@@ -7,8 +7,9 @@
 // The numbers of the LZFSE stream form.
 //
 // A stream is a row of blocks, each opened by a magic. A block of matches holds literals and
-// triplets: append L literals, then copy M bytes from D bytes back, where D may reach into any block
-// before and 0 stands for the D of the triplet before. Literals, L, M and D are entropy coded.
+// triplets: append L literals, then copy M bytes from D bytes back, where D may reach into any
+// block before and 0 stands for the D of the triplet before. Literals, L, M and D are entropy
+// coded.
 namespace tolvanite::detail::lzfse {
 
 inline constexpr std::uint32_t endMagic = 0x24787662;          // "bvx$"
@@ -56,10 +57,10 @@ constexpr ValueCode<count> valueCode(std::array<std::uint8_t, count> extraBits) 
   return result;
 }
 
-inline constexpr auto codeOfL = valueCode<lengthSymbols>(
-    {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 3, 5, 8});
-inline constexpr auto codeOfM = valueCode<lengthSymbols>(
-    {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 5, 8, 11});
+inline constexpr auto codeOfL =
+    valueCode<lengthSymbols>({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 2, 3, 5, 8});
+inline constexpr auto codeOfM =
+    valueCode<lengthSymbols>({0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 3, 5, 8, 11});
 inline constexpr auto codeOfD = [] {
   std::array<std::uint8_t, distanceSymbols> extraBits{};
   for (std::size_t symbol = 0; symbol < distanceSymbols; ++symbol) {

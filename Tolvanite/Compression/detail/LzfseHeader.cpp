@@ -24,7 +24,8 @@ void forEachTable(Tables& tables, Visit visit) {
   visit(tables.literal);
 }
 
-// The code of a frequency: the number of ones it begins with, from the lowest bit, tells its length.
+// The code of a frequency: the number of ones it begins with, from the lowest bit, tells its
+// length.
 struct FrequencyCode {
   std::uint32_t bits;
   unsigned length;
@@ -74,8 +75,8 @@ bool isInRange(const Header& header) {
   const auto isBits = [](std::int32_t bits) { return -7 <= bits && bits <= 0; };
   const auto hasBits = [](std::uint32_t size, std::int32_t bits) { return size > 0 || bits == 0; };
   return header.literalCount <= mostLiterals && header.tripletCount <= mostTriplets &&
-         header.literalCount % 4 == 0 && isBits(header.literalBits) &&
-         isBits(header.tripletBits) && hasBits(header.literalPayloadSize, header.literalBits) &&
+         header.literalCount % 4 == 0 && isBits(header.literalBits) && isBits(header.tripletBits) &&
+         hasBits(header.literalPayloadSize, header.literalBits) &&
          header.tripletPayloadSize >= tripletPadding &&
          std::ranges::all_of(header.literalState,
                              [](std::uint16_t state) { return state < literalStates; }) &&
@@ -157,15 +158,14 @@ std::size_t writeCodedTablesHeader(const Header& header, std::byte* place) {
   const auto headerSize = static_cast<std::size_t>(next - place);
 
   const auto paddingOf = [](std::int32_t field) { return static_cast<std::uint64_t>(field + 7); };
-  std::uint64_t second = std::uint64_t{header.tripletPayloadSize} << 40 |
-                         paddingOf(header.tripletBits) << 60;
+  std::uint64_t second =
+      std::uint64_t{header.tripletPayloadSize} << 40 | paddingOf(header.tripletBits) << 60;
   for (unsigned i = 0; i < 4; ++i) second |= std::uint64_t{header.literalState[i]} << (10 * i);
   storeLittle(place, codedTablesMagic);
   storeLittle(place + 4, header.plainSize);
-  storeLittle(place + 8, std::uint64_t{header.literalCount} |
-                             std::uint64_t{header.literalPayloadSize} << 20 |
-                             std::uint64_t{header.tripletCount} << 40 |
-                             paddingOf(header.literalBits) << 60);
+  storeLittle(place + 8,
+              std::uint64_t{header.literalCount} | std::uint64_t{header.literalPayloadSize} << 20 |
+                  std::uint64_t{header.tripletCount} << 40 | paddingOf(header.literalBits) << 60);
   storeLittle(place + 16, second);
   storeLittle(place + 24, std::uint64_t{headerSize} | std::uint64_t{header.lState} << 32 |
                               std::uint64_t{header.mState} << 42 |
@@ -177,13 +177,13 @@ bool readSizes(Bytes block, std::uint64_t& blockSize, std::uint64_t& plainSize) 
   if (block.size() < fixedHeaderSize) return false;
   plainSize = loadLittle<std::uint32_t>(block.data() + 4);
   if (loadLittle<std::uint32_t>(block.data()) == plainTablesMagic) {
-    blockSize = plainTablesHeaderSize + std::uint64_t{loadLittle<std::uint32_t>(block.data() + 20)} +
+    blockSize = plainTablesHeaderSize +
+                std::uint64_t{loadLittle<std::uint32_t>(block.data() + 20)} +
                 loadLittle<std::uint32_t>(block.data() + 24);
   } else {
     const std::uint64_t headerSize = loadLittle<std::uint32_t>(block.data() + 24);
     if (headerSize < fixedHeaderSize) return false;
-    blockSize = headerSize +
-                bitsOf(loadLittle<std::uint64_t>(block.data() + 8), 20, 20) +
+    blockSize = headerSize + bitsOf(loadLittle<std::uint64_t>(block.data() + 8), 20, 20) +
                 bitsOf(loadLittle<std::uint64_t>(block.data() + 16), 40, 20);
   }
   return true;

@@ -36,8 +36,7 @@ constexpr int laterCost = 8;  // of a literal more before a match
 std::size_t equalCount(const std::byte* earlier, const std::byte* later, const std::byte* end) {
   const std::byte* const start = later;
   while (end - later >= 8) {
-    const auto difference =
-        loadLittle<std::uint64_t>(earlier) ^ loadLittle<std::uint64_t>(later);
+    const auto difference = loadLittle<std::uint64_t>(earlier) ^ loadLittle<std::uint64_t>(later);
     if (difference != 0) {
       return static_cast<std::size_t>(later - start + std::countr_zero(difference) / 8);
     }

@@ -19,9 +19,9 @@ constexpr std::size_t endSize = 8;
 constexpr std::size_t mostShortDistance = 1535;
 constexpr std::size_t mostMediumDistance = 16383;
 constexpr std::size_t mostMediumCount = 34;
-constexpr std::size_t mostOfLong = 271;   // a long run of literals or match
-constexpr std::size_t mostOfShort = 15;   // a short one
-constexpr std::size_t leastOfMatch = 3;   // a match with a distance of its own
+constexpr std::size_t mostOfLong = 271;  // a long run of literals or match
+constexpr std::size_t mostOfShort = 15;  // a short one
+constexpr std::size_t leastOfMatch = 3;  // a match with a distance of its own
 
 enum class Kind : std::uint8_t {
   undefined,

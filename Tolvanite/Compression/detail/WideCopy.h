@@ -22,8 +22,8 @@ inline void copyRun(std::byte* to, const std::byte* from, std::size_t count) {
   }
 }
 
-// Repeats what stands `distance`, 1 or more, before `to`, byte by byte in effect: where the distance
-// is less than the count, the copy repeats what it has written itself.
+// Repeats what stands `distance`, 1 or more, before `to`, byte by byte in effect: where the
+// distance is less than the count, the copy repeats what it has written itself.
 inline void copyMatch(std::byte* to, std::size_t distance, std::size_t count) {
   if (distance >= copyStep) {
     copyRun(to, to - distance, count);
