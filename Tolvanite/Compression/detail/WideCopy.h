@@ -25,11 +25,12 @@ inline void copyRun(std::byte* to, const std::byte* from, std::size_t count) {
 // Repeats what stands `distance`, 1 or more, before `to`, byte by byte in effect: where the
 // distance is less than the count, the copy repeats what it has written itself.
 inline void copyMatch(std::byte* to, std::size_t distance, std::size_t count) {
+  const std::byte* const from = to - distance;
   if (distance >= copyStep) {
-    copyRun(to, to - distance, count);
+    copyRun(to, from, count);
     return;
   }
-  for (std::size_t i = 0; i < copyStep; ++i) to[i] = to[i - distance];
+  for (std::size_t i = 0; i < copyStep; ++i) to[i] = from[i];
   if (count <= copyStep) return;
   // The smallest multiple of the period that is no less than a step.
   const std::size_t multiple = (copyStep + distance - 1) / distance * distance;
