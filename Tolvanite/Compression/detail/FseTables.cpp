@@ -44,17 +44,15 @@ void scaleToStates(std::span<const std::uint32_t> counts, std::uint32_t states,
 
 void makeEncoderTable(std::span<const std::uint16_t> frequencies, std::uint32_t states,
                       std::span<EncoderEntry> table) {
-  std::int32_t first = 0;
+  std::uint32_t first = 0;
   for (std::size_t symbol = 0; symbol < frequencies.size(); ++symbol) {
-    const std::int32_t frequency = frequencies[symbol];
+    const std::uint32_t frequency = frequencies[symbol];
     if (frequency == 0) continue;
-    const auto count = static_cast<std::int32_t>(states);
-    const int bits = std::bit_width(states) - std::bit_width(frequencies[symbol]);
-    table[symbol] = {.firstLong = static_cast<std::uint16_t>((frequency << bits) - count),
-                     .bits = static_cast<std::uint8_t>(bits),
-                     .deltaLong = static_cast<std::int16_t>(first - frequency + (count >> bits)),
-                     .deltaShort = static_cast<std::int16_t>(
-                         bits == 0 ? 0 : first - frequency + (count >> (bits - 1)))};
+    // States from frequency << bits on give off so many bits, those below one less.
+    const auto bits =
+        static_cast<std::uint32_t>(std::bit_width(states) - std::bit_width(frequency));
+    table[symbol] = {.bitsStep = (bits << 16) - (frequency << bits),
+                     .stateStep = states + first - frequency};
     first += frequency;
   }
 }

@@ -28,11 +28,11 @@ struct ValueEntry {
   std::uint32_t valueBase = 0;
 };
 
+// The encoder counts its states from the number of states on, up to twice as many. Of such a state
+// it gives off the low bits, (state + bitsStep) >> 16 of them, and adds stateStep to the rest.
 struct EncoderEntry {
-  std::uint16_t firstLong = 0;  // the first state that gives off `bits`; those below give one less
-  std::uint8_t bits = 0;
-  std::int16_t deltaLong = 0;
-  std::int16_t deltaShort = 0;
+  std::uint32_t bitsStep = 0;
+  std::uint32_t stateStep = 0;
 };
 
 inline std::uint32_t sumOf(std::span<const std::uint16_t> frequencies) {

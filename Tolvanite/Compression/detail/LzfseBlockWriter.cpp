@@ -47,11 +47,9 @@ std::size_t symbolOfD(std::uint32_t d) {
 }
 
 inline void encode(BitWriter& bits, std::uint32_t& state, const EncoderEntry& entry) {
-  const bool isLong = state >= entry.firstLong;
-  const unsigned count = entry.bits - (isLong ? 0U : 1U);
-  bits.add(state & ((1U << count) - 1), count);
-  const int delta = isLong ? entry.deltaLong : entry.deltaShort;
-  state = static_cast<std::uint32_t>(delta + static_cast<int>(state >> count));
+  const std::uint32_t count = (state + entry.bitsStep) >> 16;
+  bits.add(state & lowBits[count], count);
+  state = (state >> count) + entry.stateStep;
 }
 
 template <std::size_t count>
@@ -186,7 +184,8 @@ std::size_t BlockWriter::writeMatches(std::byte* place) {
 
 std::byte* BlockWriter::writeLiterals(std::byte* place) {
   BitWriter bits(place);
-  std::array<std::uint32_t, 4> state{};
+  std::array<std::uint32_t, 4> state;
+  state.fill(literalStates);
   for (std::size_t i = literalCount_; i > 0; i -= 4) {
     for (std::size_t j = 4; j-- > 0;) {
       encode(bits, state[j], literalTable_[std::to_integer<std::size_t>(literals_[i - 4 + j])]);
@@ -195,16 +194,16 @@ std::byte* BlockWriter::writeLiterals(std::byte* place) {
   }
   header_.literalBits = -bits.finish();
   for (std::size_t j = 0; j < 4; ++j)
-    header_.literalState[j] = static_cast<std::uint16_t>(state[j]);
+    header_.literalState[j] = static_cast<std::uint16_t>(state[j] - literalStates);
   return bits.place();
 }
 
 std::byte* BlockWriter::writeTriplets(std::byte* place) {
   storeLittle(place, std::uint64_t{0});
   BitWriter bits(place + tripletPadding);
-  std::uint32_t lState = 0;
-  std::uint32_t mState = 0;
-  std::uint32_t dState = 0;
+  std::uint32_t lState = lengthStates;
+  std::uint32_t mState = lengthStates;
+  std::uint32_t dState = distanceStates;
   for (std::size_t i = tripletCount_; i-- > 0;) {
     const Triplet& triplet = triplets_[i];
     const std::uint32_t d = i > 0 && triplets_[i - 1].d == triplet.d ? 0 : triplet.d;
@@ -214,9 +213,9 @@ std::byte* BlockWriter::writeTriplets(std::byte* place) {
     bits.flush();
   }
   header_.tripletBits = -bits.finish();
-  header_.lState = static_cast<std::uint16_t>(lState);
-  header_.mState = static_cast<std::uint16_t>(mState);
-  header_.dState = static_cast<std::uint16_t>(dState);
+  header_.lState = static_cast<std::uint16_t>(lState - lengthStates);
+  header_.mState = static_cast<std::uint16_t>(mState - lengthStates);
+  header_.dState = static_cast<std::uint16_t>(dState - distanceStates);
   return bits.place();
 }
 

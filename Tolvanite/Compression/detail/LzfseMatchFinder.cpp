@@ -10,7 +10,13 @@ namespace tolvanite::detail::lzfse {
 
 namespace {
 
-constexpr int setBits = 14;
+// As many sets as a short text can fill, and no more than a second-level cache holds.
+constexpr int leastSetBits = 6;
+constexpr int mostSetBits = 14;
+
+int setBitsFor(std::size_t textSize) {
+  return std::clamp(static_cast<int>(std::bit_width(textSize)) - 2, leastSetBits, mostSetBits);
+}
 
 // Places are hashed by the lower six of the eight bytes that stand there. That finds fewer matches
 // of four and five bytes, of which most do not pay, and more of the long ones.
@@ -23,7 +29,7 @@ constexpr std::size_t unsearchedEnd = 8;
 constexpr std::size_t coveredStep = 2;
 
 // A match as long as that is taken without looking for a better one.
-constexpr std::size_t goodCount = 40;
+constexpr std::size_t goodCount = 16;
 
 // Costs in eighths of a bit: of a literal in an ordinary text; of L, M and the symbol of D; of a
 // distance that is that of the match before.
@@ -56,10 +62,11 @@ MatchFinder::MatchFinder(std::span<const std::byte> text)
     : text_(text),
       end_(text.size() < unsearchedEnd ? 0 : text.size() - unsearchedEnd),
       literalCost_(usualLiteralCost),
-      sets_(std::size_t{1} << setBits) {}
+      setShift_(64 - setBitsFor(text.size())),
+      sets_(std::size_t{1} << (64 - setShift_)) {}
 
 inline MatchFinder::Set& MatchFinder::setAt(std::uint64_t bytes) {
-  return sets_[((bytes << unhashedBits) * 0x9E3779B97F4A7C15U) >> (64 - setBits)];
+  return sets_[((bytes << unhashedBits) * 0x9E3779B97F4A7C15U) >> setShift_];
 }
 
 inline void MatchFinder::enter(Set& set, std::uint32_t bytes, Place place) {
@@ -75,6 +82,9 @@ inline void MatchFinder::enter(std::size_t place) {
 // Makes the match at `distance` the best one if there is one that gains more.
 inline void MatchFinder::consider(Match& best, std::size_t place, std::size_t distance) const {
   const std::byte* const here = text_.data() + place;
+  // Places are considered in the order of their costs, so another has to give a longer match.
+  if (place + best.count == text_.size() || here[best.count] != (here - distance)[best.count])
+    return;
   const std::size_t count = equalCount(here - distance, here, text_.data() + text_.size());
   const int cost = distance == distance_
                        ? sameDistanceCost
@@ -83,16 +93,14 @@ inline void MatchFinder::consider(Match& best, std::size_t place, std::size_t di
   if (gain > best.gain) best = {place, count, distance, gain};
 }
 
-// The best match of those places whose first four bytes are `first`.
-MatchFinder::Match MatchFinder::bestOf(const Set& set, std::size_t place,
-                                       std::uint32_t first) const {
-  Match result;
+// Looks for a better match among those places whose first four bytes are `first`.
+void MatchFinder::lookIn(const Set& set, std::size_t place, std::uint32_t first,
+                         Match& best) const {
   const auto farthest = static_cast<std::uint32_t>(std::min<std::size_t>(place, mostD));
   for (const std::uint64_t entry : set) {
     const std::uint32_t distance = static_cast<Place>(place) - static_cast<Place>(entry);
-    if (entry >> 32 == first && distance - 1 < farthest) consider(result, place, distance);
+    if (entry >> 32 == first && distance - 1 < farthest) consider(best, place, distance);
   }
-  return result;
 }
 
 // The best match at a place, which is entered.
@@ -101,13 +109,13 @@ inline MatchFinder::Match MatchFinder::best(std::size_t place) {
   const auto first = static_cast<std::uint32_t>(bytes);
   Set& set = setAt(bytes);
   Match result;
+  if (distance_ != 0 && loadLittle<std::uint32_t>(text_.data() + place - distance_) == first) {
+    consider(result, place, distance_);
+  }
   // Most places have no candidate, so that is found out without a branch for each entry.
   if ((set[0] >> 32 == first) | (set[1] >> 32 == first) | (set[2] >> 32 == first) |
       (set[3] >> 32 == first)) {
-    result = bestOf(set, place, first);
-  }
-  if (distance_ != 0 && loadLittle<std::uint32_t>(text_.data() + place - distance_) == first) {
-    consider(result, place, distance_);
+    lookIn(set, place, first, result);
   }
   enter(set, first, static_cast<Place>(place));
   return result;

@@ -49,7 +49,7 @@ class MatchFinder {
   };
 
   Match best(std::size_t place);
-  Match bestOf(const Set& set, std::size_t place, std::uint32_t first) const;
+  void lookIn(const Set& set, std::size_t place, std::uint32_t first, Match& best) const;
   Match extendedBackward(Match match, std::size_t start) const;
   void consider(Match& best, std::size_t place, std::size_t distance) const;
   Set& setAt(std::uint64_t bytes);
@@ -61,6 +61,7 @@ class MatchFinder {
   std::size_t end_;           // no match starts here or behind
   std::size_t distance_ = 0;  // of the match before
   int literalCost_;
+  int setShift_;  // leaves of a hash of 64 bits what numbers the sets
   std::vector<Set> sets_;
 };
 
