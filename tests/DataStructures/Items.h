@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include <Tolvanite/DataStructures/ElementSet.h>
 #include <Tolvanite/DataStructures/Kerray.h>
 #include <Tolvanite/DataStructures/OptionallyFilteredOptionallySortedArray_BasedOnKerray.h>
 
@@ -61,6 +62,21 @@ Texts textsOf(const Elements& elements) {
   return texts;
 }
 
+/// What was printed, without the lines that begin with `start`.
+inline std::string withoutLines(const std::string& start, const std::string& text) {
+  std::istringstream lines(text);
+  std::string result;
+  for (std::string line; std::getline(lines, line);) {
+    if (!line.starts_with(start)) result += line + "\n";
+  }
+  return result;
+}
+Texts sortedTextsOf(const auto& elements) {
+  Texts texts = textsOf(elements);
+  std::ranges::sort(texts);
+  return texts;
+}
+
 /// An event with all its arguments.
 template <typename Element>
 struct ChangeOf {
@@ -89,7 +105,8 @@ void replay(const Change& change, Texts& copy, const Now& now) {
     return copy.begin() + index;
   };
   const auto& [event, indexes, elements, to] = change;
-  if (event == "inserted" || event == "insertedMultipleDistributed") {
+  if (event == "inserted" || event == "insertedMultiple" ||
+      event == "insertedMultipleDistributed") {
     for (std::size_t i = 0; i < indexes.size(); ++i) copy.insert(at(indexes[i]), elements[i]);
   } else if (event == "insertedMultipleContinuous") {
     copy.insert(at(indexes[0]), elements.begin(), elements.end());
@@ -117,47 +134,64 @@ void replayAll(const Changes& changes, Texts& copy, const Now& now) {
   }
 }
 
-/// Sets all blocks that `observer` has to hand their arguments to `hear(change)`.
-template <typename Observer>
-void hearAll(Observer& observer, Block<void(const Change&)> hear) {
-  const auto one = [hear](std::string event) {
-    return [=](auto&, Int index, const auto& second, const auto&... third) {
-      if constexpr (sizeof...(third) == 0) hear({event, {index}, {textForm(second)}});
-      if constexpr (sizeof...(third) == 1) hear({event, {index}, {textForm(third)...}, second});
+/// Adds an argument of an event. What comes in a set is put in the order of the texts.
+template <typename Element>
+void note(ChangeOf<Element>& change, const auto& argument, bool isFirst) {
+  using Argument = std::remove_cvref_t<decltype(argument)>;
+  if constexpr (std::is_same_v<Argument, Int>) {
+    (isFirst ? change.indexes.emplace_back() : change.to) = argument;
+  } else if constexpr (std::is_same_v<Argument, Indexes>) {
+    change.indexes = argument;
+  } else if constexpr (std::is_same_v<Argument, Optional<std::string>>) {
+    note(change, argument.value_or("none"), isFirst);
+  } else if constexpr (std::is_same_v<Argument, Element>) {
+    change.elements.push_back(argument);
+  } else if constexpr (std::ranges::range<Argument>) {
+    for (const auto& element : argument) note(change, element, isFirst);
+    if constexpr (requires { argument.find(*argument.begin()); } && std::totally_ordered<Element>)
+      std::ranges::sort(change.elements);
+  } else if constexpr (std::is_same_v<Element, std::string>) {
+    change.elements.push_back(textForm(argument));
+  }
+}
+
+/// Sets all blocks that the observer has to hand their arguments to `hear(change)`.
+template <typename Element = std::string, typename Observer>
+void hearAll(Observer& o, std::type_identity_t<Block<void(const ChangeOf<Element>&)>> hear) {
+  const auto on = [&](auto& block, const char* event) {
+    block = [hear, event](auto&, const auto&... arguments) {
+      ChangeOf<Element> change{event};
+      [[maybe_unused]] bool isFirst = true;
+      ((note(change, arguments, isFirst), isFirst = false), ...);
+      hear(change);
     };
   };
-  const auto many = [hear](std::string event) {
-    return [=](auto&, const Indexes& indexes, const auto& elements) {
-      hear({event, indexes, textsOf(elements)});
-    };
-  };
-  const auto none = [hear](std::string event) { return [=](auto&) { hear({event}); }; };
-  observer.replacedContent = none("replacedContent");
-  observer.removedAll = none("removedAll");
-  observer.inserted = one("inserted");
-  observer.removed = one("removed");
-  observer.updated = one("updated");
-  observer.moved = one("moved");
-  if constexpr (requires { observer.movedMultiple; }) {
-    observer.insertedMultipleContinuous = [hear](auto&, Int index, const auto& elements) {
-      hear({"insertedMultipleContinuous", {index}, textsOf(elements)});
-    };
-    observer.insertedMultipleDistributed = many("insertedMultipleDistributed");
-    observer.removedMultiple = many("removedMultiple");
-    observer.movedMultiple = [hear](auto&, const Indexes& from, Int to, const auto& elements) {
-      hear({"movedMultiple", from, textsOf(elements), to});
-    };
+  on(o.replacedContent, "replacedContent");
+  on(o.removedAll, "removedAll");
+  on(o.inserted, "inserted");
+  on(o.removed, "removed");
+  on(o.updated, "updated");
+  if constexpr (requires { o.insertedMultiple; }) on(o.insertedMultiple, "insertedMultiple");
+  if constexpr (requires { o.removedMultiple; }) on(o.removedMultiple, "removedMultiple");
+  if constexpr (requires { o.updatedMultiple; }) on(o.updatedMultiple, "updatedMultiple");
+  if constexpr (requires { o.moved; }) on(o.moved, "moved");
+  if constexpr (requires { o.sortingChanged; }) on(o.sortingChanged, "sortingChanged");
+  if constexpr (requires { o.filterChanged; }) on(o.filterChanged, "filterChanged");
+  if constexpr (requires { o.replacedContentOldContent; })
+    on(o.replacedContentOldContent, "replacedContentOldContent");
+  if constexpr (requires { o.movedMultiple; }) {
+    on(o.insertedMultipleContinuous, "insertedMultipleContinuous");
+    on(o.insertedMultipleDistributed, "insertedMultipleDistributed");
+    on(o.movedMultiple, "movedMultiple");
   }
-  if constexpr (requires { observer.updatedMultiple; }) {
-    observer.updatedMultiple = many("updatedMultiple");
-  }
-  if constexpr (requires { observer.filterChanged; }) {
-    observer.filterChanged = none("filterChanged");
-  }
-  if constexpr (requires { observer.sortingChanged; }) {
-    observer.sortingChanged = [hear](auto&, const Optional<std::string>& code) {
-      hear({"sortingChanged", {}, {code.value_or("none")}});
-    };
+  if constexpr (requires { o.inSetInserted; }) {
+    on(o.filterBlockChanged, "filterBlockChanged");
+    on(o.inSetInserted, "inSetInserted");
+    on(o.inSetUpdated, "inSetUpdated");
+    on(o.inSetRemoved, "inSetRemoved");
+    on(o.outSetInserted, "outSetInserted");
+    on(o.outSetUpdated, "outSetUpdated");
+    on(o.outSetRemoved, "outSetRemoved");
   }
 }
 

@@ -180,14 +180,17 @@ struct ViewModel {
     }
     if (!sort) return forward(e);
     require(place >= 0);
+    updateSorted(place, element);
+  }
+  void updateSorted(Int place, const T& element) {
     if (canStay(element, place)) {
       at(place) = element;
-      return tell("updated", {place}, e.elements);
+      return tell("updated", {place}, {element});
     }
     array->erase(array->begin() + place);
     const Int to = insertSorted(element);
-    tell("moved", {place}, e.elements, to);
-    tell("updated", {to}, e.elements);
+    tell("moved", {place}, {element}, to);
+    tell("updated", {to}, {element});
   }
 };
 
