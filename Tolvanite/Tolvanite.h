@@ -4,6 +4,8 @@
 #include <Tolvanite/Color/Color.h>
 #include <Tolvanite/Color/ColorVocabulary.h>
 #include <Tolvanite/Color/NamedColor.h>
+#include <Tolvanite/Compression/Compression.h>
+#include <Tolvanite/Compression/JsonData.h>
 #include <Tolvanite/DataStructures/ArrayErrors.h>
 #include <Tolvanite/DataStructures/BitArray.h>
 #include <Tolvanite/DataStructures/BitSet.h>
@@ -129,6 +131,7 @@
 #include <Tolvanite/Platform/Debugger.h>
 #include <Tolvanite/Platform/Export.h>
 #include <Tolvanite/Platform/HttpRequest.h>
+#include <Tolvanite/Platform/LargeMemory.h>
 #include <Tolvanite/Platform/MainQueue.h>
 #include <Tolvanite/Platform/RandomDevice.h>
 #include <Tolvanite/Platform/SharedCount.h>
@@ -154,5 +157,12 @@
 #include <Tolvanite/Random/RandomUInt32.h>
 #include <Tolvanite/Random/SequenceComparator.h>
 #include <Tolvanite/Random/Xoroshiro.h>
+#include <Tolvanite/Text/DateComponents.h>
+#include <Tolvanite/Text/DateFormatter.h>
+#include <Tolvanite/Text/Dates.h>
+#include <Tolvanite/Text/PatternMatching.h>
 #include <Tolvanite/Text/QInt128.h>
+#include <Tolvanite/Text/Regex.h>
 #include <Tolvanite/Text/TextTable.h>
+#include <Tolvanite/Text/TimeZone.h>
+#include <Tolvanite/Text/Version.h>
