@@ -23,7 +23,8 @@ void takeAway(std::uint32_t excess, std::span<std::uint16_t> frequencies) {
 
 void scaleToStates(std::span<const std::uint32_t> counts, std::uint32_t states,
                    std::span<std::uint16_t> frequencies) {
-  const std::uint64_t total = std::accumulate(counts.begin(), counts.end(), std::uint64_t{0});
+  const std::uint64_t total =
+      std::max(std::accumulate(counts.begin(), counts.end(), std::uint64_t{0}), std::uint64_t{1});
   std::ranges::fill(frequencies, std::uint16_t{0});
   std::int64_t rest = states;
   for (std::size_t symbol = 0; symbol < counts.size(); ++symbol) {

@@ -1,5 +1,7 @@
 #include <Tolvanite/Compression/detail/LzfseBlockDecoder.h>
 
+#include <algorithm>
+
 #include <Tolvanite/Compression/detail/BitStrings.h>
 
 namespace tolvanite::detail::lzfse {
@@ -66,19 +68,17 @@ class TripletReader {
   // False if the payload has no more bits.
   [[gnu::always_inline]] bool read(Triplet& triplet) {
     // At most 54 bits.
-    const ValueEntry lEntry = lTable_[lState_];
-    const ValueEntry mEntry = mTable_[mState_];
-    const ValueEntry dEntry = dTable_[dState_];
-    triplet.l = static_cast<std::uint16_t>(take(lEntry, lState_));
-    triplet.m = static_cast<std::uint16_t>(take(mEntry, mState_));
-    const std::uint32_t d = take(dEntry, dState_);
+    triplet.l = static_cast<std::uint16_t>(take(lTable_, lState_));
+    triplet.m = static_cast<std::uint16_t>(take(mTable_, mState_));
+    const std::uint32_t d = take(dTable_, dState_);
     distance_ = d != 0 ? d : distance_;
     triplet.d = distance_;
     return bits_.refill();
   }
 
  private:
-  std::uint32_t take(const ValueEntry& entry, std::uint32_t& state) {
+  [[gnu::always_inline]] std::uint32_t take(const ValueEntry* table, std::uint32_t& state) {
+    const ValueEntry& entry = table[state];
     state = entry.stateBase + bits_.take(entry.stateBits);
     return entry.valueBase + bits_.take(entry.extraBits);
   }
@@ -131,7 +131,8 @@ bool BlockDecoder::makeTables(const Header& header) {
 
 // Each reader waits for its tables most of the time, so both are run side by side, without a branch
 // that depends on what is read.
-bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
+[[gnu::always_inline]] inline bool BlockDecoder::readPayloadsInline(const Header& header,
+                                                                    Bytes block) {
   const Bytes payloads = block.subspan(header.headerSize);
   LiteralReader literals(literalTable_.data());
   TripletReader triplets(lTable_.data(), mTable_.data(), dTable_.data());
@@ -162,6 +163,24 @@ bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
   }
   return true;
 }
+
+#if defined(__x86_64__)
+// Most of the work is shifts, for which newer processors have instructions that take the count from
+// any register.
+[[gnu::target("bmi,bmi2")]] bool BlockDecoder::readPayloadsByBmi2(const Header& header,
+                                                                  Bytes block) {
+  return readPayloadsInline(header, block);
+}
+
+bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
+  return __builtin_cpu_supports("bmi2") != 0 ? readPayloadsByBmi2(header, block)
+                                             : readPayloadsInline(header, block);
+}
+#else
+bool BlockDecoder::readPayloads(const Header& header, Bytes block) {
+  return readPayloadsInline(header, block);
+}
+#endif
 
 bool BlockDecoder::write(const std::byte* history, std::byte*& place, const std::byte* limit) {
   std::byte* to = place;

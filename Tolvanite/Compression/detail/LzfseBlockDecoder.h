@@ -32,6 +32,8 @@ class BlockDecoder {
  private:
   bool makeTables(const Header& header);
   bool readPayloads(const Header& header, std::span<const std::byte> block);
+  bool readPayloadsByBmi2(const Header& header, std::span<const std::byte> block);
+  bool readPayloadsInline(const Header& header, std::span<const std::byte> block);
 
   alignas(64) std::array<LiteralEntry, literalStates> literalTable_;
   std::array<ValueEntry, lengthStates> lTable_;

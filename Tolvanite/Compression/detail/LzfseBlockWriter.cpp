@@ -177,7 +177,7 @@ std::size_t BlockWriter::writeMatches(std::byte* place) {
   writeCodedTablesHeader(header_, place);
   storeLittle(literals, behind);
   if (literalCount_ > 0) {
-    literalCost_ = static_cast<int>(header_.literalPayloadSize * 64 / literalCount_);
+    literalCost_ = static_cast<int>(std::size_t{header_.literalPayloadSize} * 64 / literalCount_);
   }
   return static_cast<std::size_t>(end - place);
 }

@@ -157,7 +157,9 @@ std::size_t writeCodedTablesHeader(const Header& header, std::byte* place) {
   if (held > 0) ++next;
   const auto headerSize = static_cast<std::size_t>(next - place);
 
-  const auto paddingOf = [](std::int32_t field) { return static_cast<std::uint64_t>(field + 7); };
+  const auto paddingOf = [](std::int32_t field) -> std::uint64_t {
+    return static_cast<std::uint32_t>(field + 7);
+  };
   std::uint64_t second =
       std::uint64_t{header.tripletPayloadSize} << 40 | paddingOf(header.tripletBits) << 60;
   for (unsigned i = 0; i < 4; ++i) second |= std::uint64_t{header.literalState[i]} << (10 * i);
