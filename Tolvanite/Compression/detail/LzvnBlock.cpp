@@ -1,6 +1,7 @@
 #include <Tolvanite/Compression/detail/LzvnBlock.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <span>
 
 #include <Tolvanite/Compression/detail/LzfseFormat.h>
