@@ -22,14 +22,20 @@ bool isDigit(char character) { return character >= '0' && character <= '9'; }
 // Reads digits from `position` on and moves it behind them; negative if there are none or too many.
 Int readNumber(const char*& position, const char* end) {
   constexpr std::ptrdiff_t alwaysFit = std::numeric_limits<Int>::digits10;
-  const char* const start = position;
-  Int number = 0;
-  for (; position != end && isDigit(*position); ++position) {
-    const Int digit = *position - '0';
-    if (position - start >= alwaysFit && number > (largest - digit) / 10) return -1;
+  const char* at = position;
+  const char* const checkedFrom = end - at > alwaysFit ? at + alwaysFit : end;
+  std::uint64_t number = 0;
+  for (; at != checkedFrom && isDigit(*at); ++at) {
+    number = number * 10 + static_cast<std::uint64_t>(*at - '0');
+  }
+  if (at == position) return -1;
+  for (; at != end && isDigit(*at); ++at) {
+    const auto digit = static_cast<std::uint64_t>(*at - '0');
+    if (number > (std::uint64_t{largest} - digit) / 10) return -1;
     number = number * 10 + digit;
   }
-  return position == start ? -1 : number;
+  position = at;
+  return static_cast<Int>(number);
 }
 
 // Writes a number, most often one of one or two digits; gives the place behind it.
