@@ -359,7 +359,8 @@ class TOLVANITE_EXPORT JsonPlace : public Json {
   // is a temporary, too: they all live to the end of one expression.
   Json* root_ = nullptr;
   JsonPlace* parent_ = nullptr;
-  // A path in one subscript; without one, a single step.
+  // Either a path in one subscript, which may be empty, or a single step.
+  bool isPath_ = false;
   std::vector<JsonPathStep> path_;
   JsonPathStep step_ = 0;
 };

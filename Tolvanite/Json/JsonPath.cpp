@@ -112,7 +112,10 @@ void Json::set(std::span<const JsonPathStep> path, const Json& value) {
 }
 
 JsonPlace::JsonPlace(Json& root, std::vector<JsonPathStep> path)
-    : Json(std::as_const(root)[std::span(path)]), root_(&root), path_(std::move(path)) {}
+    : Json(std::as_const(root)[std::span(path)]),
+      root_(&root),
+      isPath_(true),
+      path_(std::move(path)) {}
 
 JsonPlace::JsonPlace(Json& root, const JsonPathStep& step)
     : Json(std::as_const(root)[step]), root_(&root), step_(step) {}
@@ -121,7 +124,7 @@ JsonPlace::JsonPlace(JsonPlace& parent, const JsonPathStep& step)
     : Json(parent.asConst()[step]), root_(parent.root_), parent_(&parent), step_(step) {}
 
 std::span<const JsonPathStep> JsonPlace::steps() const {
-  return path_.empty() ? std::span(&step_, 1) : std::span(path_);
+  return isPath_ ? std::span<const JsonPathStep>(path_) : std::span(&step_, 1);
 }
 
 // The content of this place, changeable; null if it is not there.
@@ -134,7 +137,8 @@ detail::Cell* JsonPlace::resolve() {
 }
 
 void JsonPlace::assign(const Json& value) && {
-  const Json kept = path_.empty() ? value : withoutError(value);
+  const Json kept = isPath_ ? withoutError(value) : value;
+  if (steps().empty()) return;
   if (root_ == nullptr) {
     static_cast<Json&>(*this) = kept;
     return;

@@ -115,8 +115,9 @@ int compareNumbers(const Cell& a, const Cell& b) noexcept {
 }
 
 std::size_t hashOfNumber(const Cell& number) noexcept {
-  // Numbers of one value have one nearest double.
-  return std::hash<double>()(toDouble(number));
+  // Numbers of one value have one nearest double; of what is no number there are several forms.
+  const double nearest = toDouble(number);
+  return std::isnan(nearest) ? 0 : std::hash<double>()(nearest);
 }
 
 }  // namespace detail

@@ -113,8 +113,11 @@ class Cell {
     return {reinterpret_cast<const char*>(node() + 1), node()->count};
   }
 
-  /// The number of elements of a list or dictionary.
-  std::size_t elementCount() const noexcept { return low_ == 0 ? 0 : node()->count; }
+  /// The number of elements of a list or dictionary; 0 for everything else.
+  std::size_t elementCount() const noexcept {
+    const bool isContainer = tag() == CellTag::list || tag() == CellTag::dictionary;
+    return isContainer && low_ != 0 ? node()->count : 0;
+  }
 
   bool hasSameWords(const Cell& other) const noexcept {
     return low_ == other.low_ && high_ == other.high_;
