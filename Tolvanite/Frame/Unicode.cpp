@@ -1,31 +1,23 @@
 #include <Tolvanite/Frame/Unicode.h>
 
 #include <algorithm>
-#include <concepts>
-#include <memory>
+#include <cstdint>
+#include <utility>
 
-#include <unicode/brkiter.h>
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
-#include <unicode/utext.h>
 #include <unicode/utf8.h>
 
 #include <Tolvanite/Frame/Fatal.h>
+#include <Tolvanite/Frame/detail/ByteBlock.h>
+#include <Tolvanite/Frame/detail/CodePoints.h>
+#include <Tolvanite/Frame/detail/GraphemeBreaks.h>
 
 namespace tolvanite {
 
-namespace {
+namespace detail {
 
-constexpr UChar32 malformed = -1;
-
-bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
-
-bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char byte) { return isAscii(byte); });
-}
-
-// Reads one code point, or one malformed sequence, and moves `position` behind it.
-UChar32 readCodePoint(std::string_view text, std::size_t& position) {
+std::int32_t readCodePoint(std::string_view text, std::size_t& position) {
   // The longest sequence has four bytes, so that a window of them is enough and fits ICU's index.
   const std::string_view window = text.substr(position, 4);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(window.data());
@@ -37,90 +29,124 @@ UChar32 readCodePoint(std::string_view text, std::size_t& position) {
   return codePoint < 0 ? malformed : codePoint;
 }
 
-void requireSuccess(UErrorCode status, const char* aim) {
-  if (U_FAILURE(status)) fatalFailure(std::string("Can't ") + aim + ": " + u_errorName(status));
-}
+}  // namespace detail
 
-// The end of the character at `start` if it can be told at once, else `start`: an ASCII character
-// between others, a line end, a malformed sequence.
-std::size_t plainCharacterEnd(std::string_view text, std::size_t start) {
-  if (isAscii(text[start])) {
-    const std::size_t end = start + 1;
-    if (text[start] == '\r' && end < text.size() && text[end] == '\n') return end + 1;
-    return end == text.size() || isAscii(text[end]) ? end : start;
+namespace {
+
+using detail::isAscii;
+using detail::malformed;
+using detail::readCodePoint;
+
+// Walks over a text and tells `sink` where its characters start, in order, until it answers false:
+// `sink.start(offset)` for one, `sink.startOfEach(offset, count)` for a run of characters of one
+// byte.
+template <typename Sink>
+class CharacterWalk {
+ public:
+  CharacterWalk(std::string_view text, Sink& sink) : text_(text), sink_(sink) {}
+
+  void run() {
+    std::size_t position = 0;
+    while (position < text_.size()) {
+      if (isAscii(text_[position]) && text_[position] != '\r') {
+        if (!passAsciiRun(position)) return;
+      } else {
+        const std::size_t start = position;
+        const std::int32_t codePoint = detail::readCodePointInline(text_, position);
+        if (step(classOf(codePoint)) && !sink_.start(start)) return;
+      }
+    }
   }
-  std::size_t end = start;
-  return readCodePoint(text, end) == malformed ? end : start;
-}
 
-// ICU's rules for extended grapheme clusters. Making the iterator is costly, so that each thread
-// keeps its own.
-icu::BreakIterator& characterBreaks() {
-  thread_local const std::unique_ptr<icu::BreakIterator> breaks = [] {
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::BreakIterator> result(
-        icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-    requireSuccess(status, "split characters");
-    return result;
-  }();
-  return *breaks;
-}
+ private:
+  static detail::GraphemeClass classOf(std::int32_t codePoint) {
+    // A malformed sequence joins nothing, as a control character.
+    if (codePoint == malformed) return detail::GraphemeClass::control;
+    return detail::graphemeClass(static_cast<std::uint32_t>(codePoint));
+  }
 
-// A stretch of well-formed text that is split on its own.
-struct Stretch {
-  std::size_t end;
-  bool isCut;  // The text goes on behind it, maybe with more of the last character.
+  // Whether a character ends before the next code point.
+  bool step(detail::GraphemeClass next) {
+    const std::uint8_t bits =
+        detail::graphemeSteps[state_ * detail::graphemeStepRow + static_cast<std::size_t>(next)];
+    state_ = bits & (detail::graphemeBreakBit - 1);
+    return (bits & detail::graphemeBreakBit) != 0;
+  }
+
+  // Within plain ASCII every byte but a line feed behind a carriage return is a character, so that
+  // only the first and the last byte of such a run meet the rules.
+  bool passAsciiRun(std::size_t& position) {
+    const std::size_t start = position;
+    position = detail::findByte(
+        text_, start + 1, [](detail::ByteBlock block) { return block.nonAsciiOr('\r'); },
+        [](char byte) { return !isAscii(byte) || byte == '\r'; });
+    if (step(classOf(text_[start])) && !sink_.start(start)) return false;
+    if (position == start + 1) return true;
+    step(classOf(text_[position - 1]));
+    return sink_.startOfEach(start + 1, position - start - 1);
+  }
+
+  std::string_view text_;
+  Sink& sink_;
+  std::size_t state_ = static_cast<std::size_t>(detail::GraphemeState::any);
 };
 
-// The stretch from `start` on. It ends before a malformed sequence, in a longer run of ASCII at a
-// place where a character surely ends, or with `limit` bytes.
-Stretch stretchFrom(std::string_view text, std::size_t start, std::size_t limit) {
-  constexpr int longRun = 16;
-  int asciiRun = 0;
-  std::size_t position = start;
-  while (position < text.size()) {
-    std::size_t next = position;
-    const UChar32 codePoint = readCodePoint(text, next);
-    if (codePoint == malformed) break;
-    if (next - start > limit) return {position, true};
-    asciiRun = codePoint < 0x80 ? asciiRun + 1 : 0;
-    if (asciiRun > longRun && !(codePoint == '\n' && text[position - 1] == '\r')) break;
-    position = next;
-  }
-  return {position, false};
+template <typename Sink>
+Sink walked(std::string_view text, Sink sink) {
+  CharacterWalk<Sink>(text, sink).run();
+  return sink;
 }
 
-// Calls `visit` with the end of each character in order, until it answers false.
-template <std::predicate<std::size_t> Visit>
-void visitCharacterEnds(std::string_view text, Visit visit) {
-  constexpr std::size_t usualLimit = 4096, largestLimit = std::size_t{1} << 30;
-  std::size_t limit = usualLimit;
-  for (std::size_t start = 0; start < text.size();) {
-    const std::size_t next = plainCharacterEnd(text, start);
-    if (next != start) {
-      start = next;
-      if (!visit(start)) return;
-      continue;
-    }
-    const Stretch stretch = stretchFrom(text, start, limit);
-    const std::string_view part = text.substr(start, stretch.end - start);
-    UErrorCode status = U_ZERO_ERROR;
-    UText source = UTEXT_INITIALIZER;
-    utext_openUTF8(&source, part.data(), static_cast<int64_t>(part.size()), &status);
-    icu::BreakIterator& breaks = characterBreaks();
-    breaks.setText(&source, status);
-    utext_close(&source);
-    requireSuccess(status, "split characters");
-    const std::size_t partStart = start;
-    for (int32_t end = breaks.next(); end != icu::BreakIterator::DONE; end = breaks.next()) {
-      const std::size_t place = partStart + static_cast<std::size_t>(end);
-      // A last character that may have been cut is read again with what follows it.
-      if (place == stretch.end && stretch.isCut && limit < largestLimit) break;
-      start = place;
-      if (!visit(start)) return;
-    }
-    limit = start == partStart ? limit * 2 : usualLimit;
+// Counts the characters.
+struct Counter {
+  std::size_t count = 0;
+
+  bool start(std::size_t) {
+    ++count;
+    return true;
   }
+  bool startOfEach(std::size_t, std::size_t run) {
+    count += run;
+    return true;
+  }
+};
+
+// Stops where the character behind the first `left` ones starts.
+struct PlaceFinder {
+  std::size_t left;
+  std::size_t offset;
+
+  bool start(std::size_t at) { return startOfEach(at, 1); }
+  bool startOfEach(std::size_t at, std::size_t run) {
+    if (run <= left) {
+      left -= run;
+      return true;
+    }
+    offset = at + left;
+    left = 0;
+    return false;
+  }
+};
+
+// Collects the characters but for the last.
+struct Collector {
+  std::string_view text;
+  std::vector<std::string_view> result = {};
+  std::size_t previous = 0;
+
+  bool start(std::size_t at) {
+    if (at != 0) result.push_back(text.substr(previous, at - previous));
+    previous = at;
+    return true;
+  }
+  bool startOfEach(std::size_t at, std::size_t run) {
+    for (std::size_t i = at; i < at + run; ++i) start(i);
+    return true;
+  }
+};
+
+void requireSuccess(UErrorCode status, const char* aim) {
+  if (U_FAILURE(status)) fatalFailure(std::string("Can't ") + aim + ": " + u_errorName(status));
 }
 
 void requireCount(Int count) {
@@ -130,13 +156,7 @@ void requireCount(Int count) {
 // The end of the first `count` characters.
 std::size_t prefixEnd(std::string_view text, Int count) {
   requireCount(count);
-  std::size_t result = 0;
-  if (count == 0) return result;
-  visitCharacterEnds(text, [&](std::size_t end) {
-    result = end;
-    return --count > 0;
-  });
-  return result;
+  return detail::placeBehindCharacters(text, count).offset;
 }
 
 // The start of the last `count` characters.
@@ -180,24 +200,19 @@ std::string mapped(std::string_view text, CaseMapping& mapping) {
 
 }  // namespace
 
+detail::CharacterPlace detail::placeBehindCharacters(std::string_view text, Int count) {
+  const PlaceFinder found = walked(text, PlaceFinder{static_cast<std::size_t>(count), text.size()});
+  return {found.offset, static_cast<Int>(found.left)};
+}
+
 Int characterCount(std::string_view text) {
-  Int count = 0;
-  visitCharacterEnds(text, [&](std::size_t) {
-    ++count;
-    return true;
-  });
-  return count;
+  return static_cast<Int>(walked(text, Counter()).count);
 }
 
 std::vector<std::string_view> characters(std::string_view text) {
-  std::vector<std::string_view> result;
-  std::size_t start = 0;
-  visitCharacterEnds(text, [&](std::size_t end) {
-    result.push_back(text.substr(start, end - start));
-    start = end;
-    return true;
-  });
-  return result;
+  Collector collected = walked(text, Collector{text});
+  if (!text.empty()) collected.result.push_back(text.substr(collected.previous));
+  return std::move(collected.result);
 }
 
 std::string_view characterPrefix(std::string_view text, Int count) {
@@ -235,12 +250,9 @@ std::string uppercased(std::string_view text) {
 }
 
 bool isValidUtf8(std::string_view text) {
-  for (std::size_t position = 0; position < text.size();) {
-    if (isAscii(text[position])) {
-      ++position;
-    } else if (readCodePoint(text, position) == malformed) {
-      return false;
-    }
+  for (std::size_t position = detail::findNonAscii(text); position < text.size();
+       position = detail::findNonAscii(text, position)) {
+    if (readCodePoint(text, position) == malformed) return false;
   }
   return true;
 }
