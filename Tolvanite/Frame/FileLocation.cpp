@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
+#include <Tolvanite/Frame/detail/NameExtension.h>
 #include <Tolvanite/Frame/detail/PercentEncoding.h>
 
 namespace tolvanite {
@@ -22,14 +23,6 @@ int hexadecimalDigit(char digit) {
 }
 
 bool endsInSlash(std::string_view path) { return path.ends_with('/'); }
-
-// The place of the "." that begins the extension of a name, else npos.
-std::size_t extensionDot(std::string_view name) {
-  const std::size_t dot = name.rfind('.');
-  // A name that ends in a dot has no extension, nor have names of leading dots alone, as "..".
-  if (dot == std::string_view::npos || dot + 1 == name.size()) return std::string_view::npos;
-  return name.find_first_not_of('.') < dot ? dot : std::string_view::npos;
-}
 
 }  // namespace
 
@@ -102,7 +95,7 @@ std::string FileLocation::lastPathComponent() const {
 
 std::string FileLocation::pathExtension() const {
   const std::string name = lastPathComponent();
-  const std::size_t dot = extensionDot(name);
+  const std::size_t dot = detail::extensionDot(name);
   return dot == std::string::npos ? std::string() : name.substr(dot + 1);
 }
 

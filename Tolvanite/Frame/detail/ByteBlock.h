@@ -39,6 +39,13 @@ class ByteBlock {
     return mask(found);
   }
 
+  /// How many bytes are `byte`.
+  std::size_t countOf(char byte) const {
+    const __m128i ones = _mm_and_si128(equal(byte), _mm_set1_epi8(1));
+    const __m128i sums = _mm_sad_epu8(ones, _mm_setzero_si128());
+    return static_cast<std::size_t>(_mm_cvtsi128_si32(sums) + _mm_extract_epi16(sums, 4));
+  }
+
  private:
   __m128i equal(char byte) const { return _mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte)); }
   static std::uint32_t mask(__m128i bytes) {
@@ -62,6 +69,10 @@ class ByteBlock {
     return maskOf([=](char byte) { return ((byte == wanted) || ...); });
   }
 
+  std::size_t countOf(char byte) const {
+    return static_cast<std::size_t>(std::popcount(equalTo(byte)));
+  }
+
  private:
   template <typename Accepts>
   std::uint32_t maskOf(Accepts accepts) const {
@@ -73,6 +84,16 @@ class ByteBlock {
   char bytes_[size];
 #endif
 };
+
+/// How many bytes of a text are `byte`.
+inline std::size_t countByte(std::string_view text, char byte) {
+  std::size_t count = 0, position = 0;
+  for (; position + ByteBlock::size <= text.size(); position += ByteBlock::size) {
+    count += ByteBlock(text.data() + position).countOf(byte);
+  }
+  for (; position < text.size(); ++position) count += text[position] == byte ? 1 : 0;
+  return count;
+}
 
 inline bool isAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tolvanite::detail {
@@ -21,6 +22,39 @@ inline std::int32_t readCodePointInline(std::string_view text, std::size_t& posi
   if (byte >= 0x80) return readCodePoint(text, position);
   ++position;
   return byte;
+}
+
+/// What a malformed sequence shows as where only scalars can stand.
+inline constexpr char32_t replacementCharacter = 0xFFFD;
+
+/// Calls `visit` with each Unicode scalar of the text, or U+FFFD for a malformed sequence.
+template <typename Visit>
+void visitScalars(std::string_view text, Visit visit) {
+  for (std::size_t position = 0; position < text.size();) {
+    const std::int32_t codePoint = readCodePointInline(text, position);
+    visit(codePoint == malformed ? replacementCharacter : static_cast<char32_t>(codePoint));
+  }
+}
+
+/// Whether a number is a Unicode scalar: no surrogate and not above U+10FFFF.
+constexpr bool isScalar(std::uint64_t value) {
+  return value < 0xD800 || (value > 0xDFFF && value <= 0x10FFFF);
+}
+
+/// Appends a Unicode scalar as UTF-8.
+inline void appendScalar(std::string& text, char32_t scalar) {
+  const auto tail = [scalar](unsigned shift) {
+    return static_cast<char>(0x80U | ((scalar >> shift) & 0x3FU));
+  };
+  if (scalar < 0x80) {
+    text += static_cast<char>(scalar);
+  } else if (scalar < 0x800) {
+    text += {static_cast<char>(0xC0U | scalar >> 6U), tail(0)};
+  } else if (scalar < 0x10000) {
+    text += {static_cast<char>(0xE0U | scalar >> 12U), tail(6), tail(0)};
+  } else {
+    text += {static_cast<char>(0xF0U | scalar >> 18U), tail(12), tail(6), tail(0)};
+  }
 }
 
 /// Where the first `count` characters of a text end, and how many of them it has not.

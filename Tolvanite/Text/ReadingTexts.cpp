@@ -1,0 +1,46 @@
+#include <Tolvanite/Text/ReadingTexts.h>
+
+#include <charconv>
+
+#include <Tolvanite/Frame/Unicode.h>
+#include <Tolvanite/Text/QInt128.h>
+
+namespace tolvanite {
+
+namespace {
+
+template <typename Number>
+Optional<Number> numberIn(std::string_view text) {
+  // The standard library reads a minus sign only.
+  if (text.starts_with('+')) {
+    text.remove_prefix(1);
+    if (text.starts_with('-')) return {};
+  }
+  Number result{};
+  const char* const end = text.data() + text.size();
+  const auto [last, error] = std::from_chars(text.data(), end, result);
+  if (error != std::errc() || last != end) return {};
+  return result;
+}
+
+}  // namespace
+
+Optional<double> tvDouble(std::string_view text) { return numberIn<double>(text); }
+
+Optional<double> makeDouble(std::string_view text) { return tvDouble(text); }
+
+Optional<Int> tvInt(std::string_view text) { return numberIn<Int>(text); }
+
+Optional<Int> makeInt(std::string_view text) { return tvInt(text); }
+
+Optional<bool> isCharacterTristate(std::string_view text, std::string_view trueCharacter,
+                                   std::string_view falseCharacter, bool lowercaseSource) {
+  const std::string source = lowercaseSource ? lowercased(text) : std::string(text);
+  if (source == trueCharacter) return true;
+  if (source == falseCharacter) return false;
+  return std::nullopt;
+}
+
+bool isUuidString(std::string_view text) { return QInt128::fromUuidString(text).isSome(); }
+
+}  // namespace tolvanite
