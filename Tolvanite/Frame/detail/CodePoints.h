@@ -16,12 +16,41 @@ inline constexpr std::int32_t malformed = -1;
 /// of a well-formed one, and at least a byte.
 std::int32_t readCodePoint(std::string_view text, std::size_t& position);
 
-/// As `readCodePoint`, with what is no ASCII told apart from the simple case at once.
+/// As `readCodePoint`, with the well-formed sequences read in place.
 inline std::int32_t readCodePointInline(std::string_view text, std::size_t& position) {
-  const auto byte = static_cast<unsigned char>(text[position]);
-  if (byte >= 0x80) return readCodePoint(text, position);
-  ++position;
-  return byte;
+  const auto byteAt = [bytes = text.data() + position](std::size_t i) {
+    return std::uint32_t{static_cast<unsigned char>(bytes[i])};
+  };
+  const auto isTail = [](std::uint32_t byte) { return (byte & 0xC0U) == 0x80U; };
+  const std::uint32_t lead = byteAt(0);
+  if (lead < 0x80) {
+    ++position;
+    return static_cast<std::int32_t>(lead);
+  }
+  const std::size_t left = text.size() - position;
+  if (lead >= 0xE0 && lead < 0xF0 && left >= 3) {
+    const std::uint32_t value =
+        (lead & 0xFU) << 12U | (byteAt(1) & 0x3FU) << 6U | (byteAt(2) & 0x3FU);
+    const bool isSurrogate = (value & 0xF800U) == 0xD800U;
+    if (isTail(byteAt(1)) && isTail(byteAt(2)) && value >= 0x800 && !isSurrogate) {
+      position += 3;
+      return static_cast<std::int32_t>(value);
+    }
+  } else if (lead >= 0xC2 && lead < 0xE0 && left >= 2) {
+    if (isTail(byteAt(1))) {
+      position += 2;
+      return static_cast<std::int32_t>((lead & 0x1FU) << 6U | (byteAt(1) & 0x3FU));
+    }
+  } else if (lead >= 0xF0 && lead < 0xF5 && left >= 4) {
+    const std::uint32_t value = (lead & 0x7U) << 18U | (byteAt(1) & 0x3FU) << 12U |
+                                (byteAt(2) & 0x3FU) << 6U | (byteAt(3) & 0x3FU);
+    const bool isInRange = value >= 0x10000 && value <= 0x10FFFF;
+    if (isTail(byteAt(1)) && isTail(byteAt(2)) && isTail(byteAt(3)) && isInRange) {
+      position += 4;
+      return static_cast<std::int32_t>(value);
+    }
+  }
+  return readCodePoint(text, position);
 }
 
 /// What a malformed sequence shows as where only scalars can stand.

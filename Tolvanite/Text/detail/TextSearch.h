@@ -29,7 +29,11 @@ void visitByBlocks(std::string_view text, std::string_view wanted, std::size_t f
     if (length > 1) mask &= ByteBlock(bytes + length - 1).equalTo(last);
     for (; mask != 0; mask &= mask - 1) {
       const std::size_t place = position + static_cast<std::size_t>(std::countr_zero(mask));
-      if (place < next || std::memcmp(text.data() + place, wanted.data(), length) != 0) continue;
+      // The first and the last byte are known to be right.
+      if (length > 1 && place < next) continue;
+      if (length > 2 && std::memcmp(text.data() + place + 1, wanted.data() + 1, length - 2) != 0) {
+        continue;
+      }
       next = place + length;
       if (!visit(place)) return;
     }
