@@ -4,8 +4,8 @@
 set -euo pipefail
 library=$1
 
-needed='libfmt libicui18n libicuuc libicudata libcurl liblz4 libz liblzma libstdc++ libm libgcc_s libc ld-linux-x86-64'
-needed='libfmt libicui18n libicuuc libicudata libcurl libsimdjson libstdc++ libm libgcc_s libc ld-linux-x86-64'
+needed='libfmt libicui18n libicuuc libicudata libcurl libsimdjson liblz4 libz liblzma'
+needed+=' libstdc++ libm libgcc_s libc ld-linux-x86-64'
 
 # In mangled names: what may stand in front of the outermost namespace (a vtable, a thunk, a guard).
 front='^_Z(T[VTIS]|Th[n0-9]*_|Tv[n0-9_]*_|GV|GR)?Z*N?[rVKRO]*'

@@ -29,7 +29,8 @@ constexpr std::string_view webEndings =
 
 // The same for those that are also endings of files, or of words run together.
 constexpr std::string_view doubtfulEndings =
-    " md ml mk ms mt py pl ps rs sh cc gl id int name as in is it no so st to am at be do me my us va ";
+    " md ml mk ms mt py pl ps rs sh cc gl id int name as in is it no so st to am at be do me my us "
+    "va ";
 
 bool isListed(std::string_view list, std::string_view word) {
   return list.find(" " + std::string(word) + " ") != std::string_view::npos;
