@@ -125,8 +125,6 @@ void widths(std::string_view text, std::string_view other, Int width) {
   require(paddedRight(text, width, other).starts_with(text));
   require(paddedLeft(text, width, other).ends_with(text));
   require(paddedBoth(text, width, other).find(text) != std::string::npos);
-  require(std::string_view(other).ends_with(
-      droppingFirstCharacters(other, std::min(characterCount(text), characterCount(other)))));
   const Int fieldWidth = characterCount(other);
   if (characterCount(text) >= fieldWidth) {
     require(overwritten(other, text) == characterPrefix(text, fieldWidth));

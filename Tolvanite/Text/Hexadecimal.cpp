@@ -1,10 +1,10 @@
 #include <Tolvanite/Text/Hexadecimal.h>
 
 #include <algorithm>
-#include <charconv>
 
 #include <Tolvanite/Frame/detail/CodePoints.h>
 #include <Tolvanite/Text/Splitting.h>
+#include <Tolvanite/Text/detail/WholeNumber.h>
 
 namespace tolvanite {
 
@@ -75,11 +75,9 @@ Optional<std::vector<std::uint32_t>> uint32sFromHexString(std::string_view text,
   if (text.empty()) return result;
   for (std::string_view piece : split(text, separator)) {
     if (piece.starts_with(prefix)) piece.remove_prefix(prefix.size());
-    const char* const end = piece.data() + piece.size();
-    std::uint32_t number = 0;
-    const auto [last, error] = std::from_chars(piece.data(), end, number, 16);
-    if (error != std::errc() || last != end) return {};
-    result.push_back(number);
+    const auto number = detail::wholeNumber<std::uint32_t>(piece, 16);
+    if (!number) return {};
+    result.push_back(*number);
   }
   return result;
 }

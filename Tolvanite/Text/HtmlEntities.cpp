@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
 #include <cstdint>
 #include <cstring>
 
@@ -12,6 +11,7 @@
 #include <Tolvanite/Frame/detail/CodePoints.h>
 #include <Tolvanite/Text/detail/BlockOutput.h>
 #include <Tolvanite/Text/detail/HtmlEntityTable.h>
+#include <Tolvanite/Text/detail/WholeNumber.h>
 
 namespace tolvanite {
 
@@ -87,11 +87,9 @@ Optional<char32_t> decoded(std::string_view entity) {
   entity.remove_prefix(1);
   const bool isHexadecimal = entity.starts_with('x') || entity.starts_with('X');
   if (isHexadecimal) entity.remove_prefix(1);
-  std::uint32_t number = 0;
-  const char* const end = entity.data() + entity.size();
-  const auto [last, error] = std::from_chars(entity.data(), end, number, isHexadecimal ? 16 : 10);
-  if (error != std::errc() || last != end || !detail::isScalar(number)) return {};
-  return static_cast<char32_t>(number);
+  const auto number = detail::wholeNumber<std::uint32_t>(entity, isHexadecimal ? 16 : 10);
+  if (!number || !detail::isScalar(*number)) return {};
+  return static_cast<char32_t>(*number);
 }
 
 std::string utf8(char32_t scalar) {

@@ -1,9 +1,8 @@
 #include <Tolvanite/Text/ReadingTexts.h>
 
-#include <charconv>
-
 #include <Tolvanite/Frame/Unicode.h>
 #include <Tolvanite/Text/QInt128.h>
+#include <Tolvanite/Text/detail/WholeNumber.h>
 
 namespace tolvanite {
 
@@ -16,11 +15,7 @@ Optional<Number> numberIn(std::string_view text) {
     text.remove_prefix(1);
     if (text.starts_with('-')) return {};
   }
-  Number result{};
-  const char* const end = text.data() + text.size();
-  const auto [last, error] = std::from_chars(text.data(), end, result);
-  if (error != std::errc() || last != end) return {};
-  return result;
+  return detail::wholeNumber<Number>(text);
 }
 
 }  // namespace

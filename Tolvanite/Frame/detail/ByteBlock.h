@@ -7,10 +7,6 @@
 #include <cstring>
 #include <string_view>
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
-
 namespace tolvanite::detail {
 
 /// Answers are masks with a bit for each byte, the lowest for the first byte.
@@ -18,71 +14,59 @@ class ByteBlock {
  public:
   static constexpr std::size_t size = 16;
 
-#ifdef __SSE2__
   /// The sixteen bytes at `bytes`.
-  explicit ByteBlock(const char* bytes)
-      : bytes_(_mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes))) {}
+  explicit ByteBlock(const char* bytes) { std::memcpy(&bytes_, bytes, size); }
 
-  void store(char* to) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes_); }
+  void store(char* to) const { std::memcpy(to, &bytes_, size); }
 
   /// The bytes above 0x7F.
-  std::uint32_t nonAscii() const { return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes_)); }
+  std::uint32_t nonAscii() const { return topBits(bytes_); }
 
   /// The bytes above 0x7F, and those equal to `byte`.
-  std::uint32_t nonAsciiOr(char byte) const { return mask(_mm_or_si128(bytes_, equal(byte))); }
+  std::uint32_t nonAsciiOr(char byte) const { return topBits(bytes_ | equal(byte)); }
 
   /// The bytes that are one of those given.
-  template <typename... Bytes>
-  std::uint32_t equalTo(char first, Bytes... more) const {
-    __m128i found = equal(first);
-    ((found = _mm_or_si128(found, equal(more))), ...);
-    return mask(found);
+  template <typename... Chars>
+  std::uint32_t equalTo(char first, Chars... more) const {
+    return topBits((equal(first) | ... | equal(more)));
   }
 
   /// How many bytes are `byte`.
   std::size_t countOf(char byte) const {
-    const __m128i ones = _mm_and_si128(equal(byte), _mm_set1_epi8(1));
-    const __m128i sums = _mm_sad_epu8(ones, _mm_setzero_si128());
-    return static_cast<std::size_t>(_mm_cvtsi128_si32(sums) + _mm_extract_epi16(sums, 4));
-  }
-
- private:
-  __m128i equal(char byte) const { return _mm_cmpeq_epi8(bytes_, _mm_set1_epi8(byte)); }
-  static std::uint32_t mask(__m128i bytes) {
-    return static_cast<std::uint32_t>(_mm_movemask_epi8(bytes));
-  }
-
-  __m128i bytes_;
+#ifdef __SSE2__
+    // The sums of the absolute differences to 0 of the ones, for each half.
+    const Halves sums = reinterpret_cast<Halves>(
+        __builtin_ia32_psadbw128(reinterpret_cast<Bytes>(equal(byte) & splat(1)), Bytes{}));
+    return static_cast<std::size_t>(sums[0] + sums[1]);
 #else
-  explicit ByteBlock(const char* bytes) { std::memcpy(bytes_, bytes, size); }
-
-  void store(char* to) const { std::memcpy(to, bytes_, size); }
-
-  std::uint32_t nonAscii() const {
-    return maskOf([](char byte) { return static_cast<unsigned char>(byte) > 0x7F; });
-  }
-
-  std::uint32_t nonAsciiOr(char byte) const { return nonAscii() | equalTo(byte); }
-
-  template <typename... Bytes>
-  std::uint32_t equalTo(Bytes... wanted) const {
-    return maskOf([=](char byte) { return ((byte == wanted) || ...); });
-  }
-
-  std::size_t countOf(char byte) const {
     return static_cast<std::size_t>(std::popcount(equalTo(byte)));
+#endif
   }
 
  private:
-  template <typename Accepts>
-  std::uint32_t maskOf(Accepts accepts) const {
-    std::uint32_t result = 0;
-    for (std::size_t i = 0; i < size; ++i) result |= std::uint32_t{accepts(bytes_[i])} << i;
-    return result;
+  // Vectors of the compiler, which need no header of the processor's own.
+  using Bytes [[gnu::vector_size(16)]] = char;
+  using Signed [[gnu::vector_size(16)]] = signed char;
+  using Halves [[gnu::vector_size(16)]] = long long;
+
+  static Signed splat(char byte) {
+    const auto value = static_cast<signed char>(byte);
+    return Signed{} + value;
   }
 
-  char bytes_[size];
+  Signed equal(char byte) const { return reinterpret_cast<Signed>(bytes_ == splat(byte)); }
+
+  static std::uint32_t topBits(Signed bytes) {
+#ifdef __SSE2__
+    return static_cast<std::uint32_t>(__builtin_ia32_pmovmskb128(reinterpret_cast<Bytes>(bytes)));
+#else
+    std::uint32_t result = 0;
+    for (std::size_t i = 0; i < size; ++i) result |= std::uint32_t{bytes[i] < 0} << i;
+    return result;
 #endif
+  }
+
+  Signed bytes_;
 };
 
 /// How many bytes of a text are `byte`.
