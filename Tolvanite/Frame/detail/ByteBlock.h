@@ -31,6 +31,12 @@ class ByteBlock {
     return topBits((equal(first) | ... | equal(more)));
   }
 
+  /// The bytes below 0x20, and those equal to one of the two.
+  std::uint32_t controlsOr(char first, char second) const {
+    const Signed controls = reinterpret_cast<Signed>((bytes_ >= splat(0)) & (bytes_ < splat(0x20)));
+    return topBits(controls | equal(first) | equal(second));
+  }
+
   /// How many bytes are `byte`.
   std::size_t countOf(char byte) const {
 #ifdef __SSE2__

@@ -3,47 +3,26 @@
 
 #include <bit>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <string_view>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
+#include <Tolvanite/Frame/detail/ByteBlock.h>
 
 namespace tolvanite::detail {
 
-inline constexpr std::size_t escapeBlock = 16;
+inline constexpr std::size_t escapeBlock = ByteBlock::size;
 
 constexpr bool needsEscape(char byte) {
   return static_cast<unsigned char>(byte) < 0x20 || byte == '"' || byte == '\\';
 }
 
 /// A bit for each byte of a block that is a control character, a double quote or a backslash.
-inline unsigned escapesInBlock(const char* block) {
-#if defined(__SSE2__)
-  const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block));
-  const __m128i lastControl = _mm_set1_epi8(0x1f);
-  const __m128i controls = _mm_cmpeq_epi8(_mm_min_epu8(bytes, lastControl), bytes);
-  const __m128i quotes = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('"'));
-  const __m128i backslashes = _mm_cmpeq_epi8(bytes, _mm_set1_epi8('\\'));
-  return static_cast<unsigned>(
-      _mm_movemask_epi8(_mm_or_si128(controls, _mm_or_si128(quotes, backslashes))));
-#else
-  unsigned mask = 0;
-  for (unsigned i = 0; i < escapeBlock; ++i) mask |= (needsEscape(block[i]) ? 1U : 0U) << i;
-  return mask;
-#endif
-}
+inline unsigned escapesInBlock(const char* block) { return ByteBlock(block).controlsOr('"', '\\'); }
 
 /// The place of the first such byte from `start` on; the length if there is none.
 inline std::size_t findEscape(std::string_view text, std::size_t start) {
-  for (; start + escapeBlock <= text.size(); start += escapeBlock) {
-    const unsigned mask = escapesInBlock(text.data() + start);
-    if (mask != 0) return start + static_cast<std::size_t>(std::countr_zero(mask));
-  }
-  while (start < text.size() && !needsEscape(text[start])) ++start;
-  return start;
+  return findByte(
+      text, start, [](ByteBlock block) { return block.controlsOr('"', '\\'); }, needsEscape);
 }
 
 /// Copies up to the first such byte and gives its place. The text may be read, and the copy be
