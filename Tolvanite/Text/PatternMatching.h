@@ -32,9 +32,8 @@ TOLVANITE_EXPORT std::vector<Optional<std::string>> tvMatch(std::string_view tex
 /// brackets or ends a sentence comes with the mark behind it.
 TOLVANITE_EXPORT std::vector<std::string> extractHttpLinksCustomRegEx(std::string_view text);
 
-/// The links as a reader sees them, in order: what begins with "http://" or "https://" in any case,
-/// or with "www.", which gets "http://" before it. Marks that end a sentence, quotes and closing
-/// brackets that the link did not open are left out.
+/// The links as a reader sees them, in order, each with a scheme: those that `webLinks` finds (see
+/// Text/WebLinks.h, which also tells where they stand).
 TOLVANITE_EXPORT std::vector<std::string> extractHttpLinks(std::string_view text);
 
 }  // namespace tolvanite
