@@ -31,7 +31,7 @@ namespace {
 
 // What a table can hold in one line: no line ends, and the beginning of what is long.
 std::string shown(std::string_view text) {
-  const std::string line = stringByReplacingOccurrences(text, {{"\r", "␍"}, {"\n", "␊"}});
+  std::string line = stringByReplacingOccurrences(text, {{"\r", "␍"}, {"\n", "␊"}});
   constexpr Int widest = 72;
   if (characterCount(line) <= widest) return line;
   return std::string(characterPrefix(line, widest - 1)) + "…";
