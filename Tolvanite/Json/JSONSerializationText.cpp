@@ -135,6 +135,7 @@ std::string JSONSerialization::text(const ManagedObject& object, WritingOptions 
   }
   std::string result;
   Writer(result, options).element(object.cell());
+  result.shrink_to_fit();
   return result;
 }
 

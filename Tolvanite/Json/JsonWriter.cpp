@@ -36,134 +36,151 @@ class JsonWriter::Pass {
         isIndented_(writer.indentString_.isSome()),
         indentLength_(isIndented_ ? writer.indentString_->size() : 0),
         behindKey_(isIndented_ ? "\" : " : "\":  "),
-        lineStart_("\n") {
+        lineStart_("\n"),
+        depth_(writer.depth_) {
     extendLineStart();
   }
 
+  Pass(const Pass&) = delete;
+  Pass& operator=(const Pass&) = delete;
+  ~Pass() { writer_.depth_ = depth_; }
+
   void document(const Cell& root) {
+    char* out = out_.room(elementRoom);
     if (root.tag() == CellTag::list) {
-      list(root);
+      out = list(out, root);
     } else if (root.tag() == CellTag::dictionary || isOtherDictionary(root)) {
-      dictionary(root);
+      out = dictionary(out, root);
     } else {
       throw Errur::invalidRootObject();
     }
+    out_.end(out);
     out_.append('\n');
   }
 
  private:
+  // Everything that is written without a further look at the room: a number, a short text, a
+  // bracket, with what stands around it.
+  static constexpr std::size_t elementRoom = detail::numberTextRoom + 2 * copyBlock;
+
   static bool isOtherDictionary(const Cell& cell) {
     return ManagedObject::of(cell).isDictionaryWithOtherKeys();
   }
 
+  static char* literal(char* out, const char (&text)[5]) {
+    std::memcpy(out, text, 4);
+    return out + 4;
+  }
+
+  // The following write to where there is room for an element, and give the end.
+
   // NOLINTBEGIN(misc-no-recursion): as deep as the value.
-  void element(const Cell& cell) {
-    if (cell.isShortText()) {
-      text(cell.textView());
-      return;
-    }
+  char* element(char* out, const Cell& cell) {
+    if (cell.isShortText()) return text(out, cell.textView());
     switch (cell.tag()) {
       case CellTag::signedInteger:
       case CellTag::unsignedInteger:
       case CellTag::real:
-        out_.end(detail::writeNumber(out_.room(detail::numberTextRoom), cell));
-        return;
+        return detail::writeNumber(out, cell);
       case CellTag::boolean:
-        out_.append(cell.low() != 0 ? "true" : "false");
-        return;
-      case CellTag::decimal:
-        out_.append(NumberValue(cell).description());
-        return;
-      case CellTag::longText:
-        text(cell.textView());
-        return;
-      case CellTag::list:
-        list(cell);
-        return;
-      case CellTag::dictionary:
-        dictionary(cell);
-        return;
+        if (cell.low() != 0) return literal(out, "true");
+        *out++ = 'f';
+        return literal(out, "alse");
       case CellTag::null:
-        out_.append("null");
-        return;
+        return literal(out, "null");
+      case CellTag::longText:
+        return text(out_.roomAt(out, cell.textView().size() + elementRoom), cell.textView());
+      case CellTag::list:
+        return list(out, cell);
+      case CellTag::dictionary:
+        return dictionary(out, cell);
+      case CellTag::decimal:
+        out_.end(out);
+        out_.append(NumberValue(cell).description());
+        return out_.room(0);
       default:
         break;
     }
-    if (isOtherDictionary(cell)) dictionary(cell);
+    if (isOtherDictionary(cell)) return dictionary(out, cell);
+    out_.end(out);
     throw Errur::invalidValue(ManagedObject(cell));
   }
 
-  void list(const Cell& cell) {
-    open('[');
-    const char* separator = "";
+  char* list(char* out, const Cell& cell) {
+    *out++ = '[';
+    enter();
+    char separator = '\0';
     for (const Cell& each : detail::elementsOf(cell)) {
-      char* out = startLine(separator);
-      out_.end(out);
-      element(each);
-      separator = ",";
+      out = element(startLine(out, separator), each);
+      separator = ',';
     }
-    close(']');
+    return close(out, ']');
   }
 
-  void dictionary(const Cell& cell) {
-    open('{');
+  char* dictionary(char* out, const Cell& cell) {
+    *out++ = '{';
+    enter();
     if (cell.tag() != CellTag::dictionary) {
+      out_.end(out);
       if (isIndented_) out_.append('\n');
       throw Errur::dictionaryWithNoStringKey(ManagedObject(cell));
     }
     const std::span<const Cell> keys = detail::keysOf(cell);
     const std::span<const Cell> values = detail::valuesOf(cell);
     const std::span<const std::uint32_t> order = orderOf(detail::shapeOf(cell));
-    const char* separator = "";
+    char separator = '\0';
     for (std::size_t i = 0; i < keys.size(); ++i) {
       const std::size_t place = order.empty() ? i : order[i];
       const std::string_view key = keys[place].textView();
-      char* out = startLine(separator, key.size());
+      out = startLine(out, separator, key.size() + copyBlock);
       *out++ = '"';
       out = detail::copyInBlocks(out, key.data(), key.size());
       std::memcpy(out, behindKey_, 4);
-      out_.end(out + (isIndented_ ? 4 : 2));
-      element(values[place]);
-      separator = ",";
+      out = element(out + (isIndented_ ? 4 : 2), values[place]);
+      separator = ',';
     }
-    close('}');
+    return close(out, '}');
   }
   // NOLINTEND(misc-no-recursion)
 
-  void text(std::string_view text) {
-    char* out = out_.room(text.size() + copyBlock + 2);
+  // Here is room for the whole text, too.
+  char* text(char* out, std::string_view text) {
     *out++ = '"';
     const std::size_t plain = detail::copyToEscape(out, text.data(), text.size());
-    out_.end(out + plain);
-    if (plain < text.size()) detail::appendEncodedForJson(out_, text, plain);
-    out_.append('"');
+    out += plain;
+    if (plain < text.size()) {
+      out_.end(out);
+      detail::appendEncodedForJson(out_, text, plain);
+      out = out_.room(1);
+    }
+    *out++ = '"';
+    return out;
   }
 
-  void open(char bracket) {
-    out_.append(bracket);
-    ++writer_.depth_;
-    if (lineStart_.size() < lineStartLength() + copyBlock) extendLineStart();
+  void enter() {
+    ++depth_;
+    if (isIndented_ && lineStart_.size() < lineStartLength() + copyBlock) extendLineStart();
   }
 
-  void close(char bracket) {
-    --writer_.depth_;
-    char* out = startLine("");
+  char* close(char* out, char bracket) {
+    --depth_;
+    out = startLine(out, '\0');
     *out++ = bracket;
-    out_.end(out);
+    return out;
   }
 
-  // Writes what stands between two elements, and gives room for `length` bytes and a few more.
-  char* startLine(const char* separator, std::size_t length = 0) {
+  // Makes room for an element and `length` bytes more, and writes what stands before it.
+  char* startLine(char* out, char separator, std::size_t length = 0) {
     const std::size_t indent = isIndented_ ? lineStartLength() : 0;
-    char* out = out_.room(indent + length + 4 * copyBlock);
-    *out = *separator;
-    out += *separator == ',' ? 1 : 0;
+    out = out_.roomAt(out, indent + length + elementRoom + copyBlock + 1);
+    *out = separator;
+    out += separator != '\0' ? 1 : 0;
     return detail::copyInBlocks(out, lineStart_.data(), indent);
   }
 
   // The line feed and the indent.
   std::size_t lineStartLength() const {
-    return 1 + static_cast<std::size_t>(writer_.depth_) * indentLength_;
+    return 1 + static_cast<std::size_t>(depth_) * indentLength_;
   }
 
   void extendLineStart() {
@@ -209,6 +226,7 @@ class JsonWriter::Pass {
   const char* behindKey_;
   // A line feed and indents for some levels more than are needed, and a block to be read beyond.
   std::string lineStart_;
+  Int depth_;
   std::array<std::pair<const Shape*, std::shared_ptr<const Places>>, 64> customPlaces_;
 };
 

@@ -50,27 +50,6 @@ Cell detail::makeOtherCell(std::any value, const OtherKind& kind) {
   return makeOther(std::move(value), kind);
 }
 
-ManagedObject::Kind ManagedObject::kind() const noexcept {
-  if (cell_.isText()) return Kind::text;
-  switch (cell_.tag()) {
-    case CellTag::null:
-      return Kind::null;
-    case CellTag::list:
-      return Kind::list;
-    case CellTag::dictionary:
-      return Kind::dictionary;
-    case CellTag::other:
-      return Kind::other;
-    default:
-      return Kind::number;
-  }
-}
-
-Optional<NumberValue> ManagedObject::number() const {
-  if (!cell_.isNumber()) return {};
-  return NumberValue(cell_);
-}
-
 Optional<std::string> ManagedObject::text() const {
   if (!cell_.isText()) return {};
   return std::string(cell_.textView());
@@ -84,6 +63,25 @@ Optional<ManagedArray> ManagedObject::list() const {
 Optional<ManagedDictionary> ManagedObject::dictionary() const {
   if (cell_.tag() != CellTag::dictionary) return {};
   return ManagedDictionary(cell_);
+}
+
+const ManagedObject* ManagedObject::find(Int index) const& noexcept {
+  if (cell_.tag() != CellTag::list) return nullptr;
+  const std::span<const Cell> elements = detail::elementsOf(cell_);
+  const auto place = static_cast<std::uint64_t>(index);  // a negative one is out of range, too
+  return place < elements.size() ? &of(elements[place]) : nullptr;
+}
+
+const ManagedObject* ManagedObject::find(std::string_view key) const& noexcept {
+  if (cell_.tag() != CellTag::dictionary) return nullptr;
+  const Cell* found = detail::findIn(cell_, key);
+  return found == nullptr ? nullptr : &of(*found);
+}
+
+ManagedItems ManagedObject::items() const& noexcept {
+  if (cell_.tag() != CellTag::dictionary) return {{}, {}};
+  const std::span<const Cell> values = detail::valuesOf(cell_);
+  return {{detail::keysOf(cell_).data(), values.data()}, {nullptr, values.data() + values.size()}};
 }
 
 const std::any* ManagedObject::wrappedValue() const noexcept {

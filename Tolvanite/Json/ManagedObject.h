@@ -20,7 +20,7 @@
 #include <iterator>
 #include <optional>
 #include <ranges>
-#include <source_location>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -39,6 +39,7 @@ namespace tolvanite {
 
 class ManagedArray;
 class ManagedDictionary;
+class ManagedItems;
 class ManagedObject;
 
 /// The one value that stands for JSON null in raw containers.
@@ -124,12 +125,29 @@ class TOLVANITE_EXPORT ManagedObject {
     }
   }
 
-  Kind kind() const noexcept;
+  Kind kind() const noexcept {
+    if (cell_.isText()) return Kind::text;
+    switch (cell_.tag()) {
+      case detail::CellTag::null:
+        return Kind::null;
+      case detail::CellTag::list:
+        return Kind::list;
+      case detail::CellTag::dictionary:
+        return Kind::dictionary;
+      case detail::CellTag::other:
+        return Kind::other;
+      default:
+        return Kind::number;
+    }
+  }
   bool isNull() const noexcept { return cell_.tag() == detail::CellTag::null; }
 
   /// The content, if this is of that kind; else absent.
   /// @{
-  Optional<NumberValue> number() const;
+  Optional<NumberValue> number() const {
+    if (!cell_.isNumber()) return {};
+    return NumberValue(cell_);
+  }
   Optional<std::string> text() const;
   Optional<ManagedArray> list() const;
   Optional<ManagedDictionary> dictionary() const;
@@ -140,6 +158,27 @@ class TOLVANITE_EXPORT ManagedObject {
     return cell_.textView();
   }
   Optional<std::string_view> textView() && = delete;
+
+  /// The element of a list at an index, the value of a dictionary under a key; null if there is
+  /// none and for every other kind. Valid while this element is neither changed nor gone.
+  /// @{
+  const ManagedObject* find(Int index) const& noexcept;
+  const ManagedObject* find(std::string_view key) const& noexcept;
+  const ManagedObject* find(Int index) && = delete;
+  const ManagedObject* find(std::string_view key) && = delete;
+  /// @}
+
+  /// The elements of a list, the items of a dictionary, to be iterated without a copy; empty for
+  /// every other kind. Valid while this element is neither changed nor gone.
+  /// @{
+  std::span<const ManagedObject> elements() const& noexcept {
+    if (cell_.tag() != detail::CellTag::list || cell_.low() == 0) return {};
+    return {reinterpret_cast<const ManagedObject*>(cell_.node() + 1), cell_.node()->count};
+  }
+  std::span<const ManagedObject> elements() && = delete;
+  ManagedItems items() const& noexcept;
+  ManagedItems items() && = delete;
+  /// @}
 
   /// A wrapped value, if it is of type T; else null.
   template <typename T>
@@ -357,6 +396,19 @@ class ManagedDictionary::Iterator {
  private:
   const detail::Cell* key_ = nullptr;
   const detail::Cell* value_ = nullptr;
+};
+
+/// The items of a dictionary as a range.
+class ManagedItems {
+ public:
+  ManagedItems(ManagedDictionary::Iterator begin, ManagedDictionary::Iterator end)
+      : begin_(begin), end_(end) {}
+  ManagedDictionary::Iterator begin() const { return begin_; }
+  ManagedDictionary::Iterator end() const { return end_; }
+
+ private:
+  ManagedDictionary::Iterator begin_;
+  ManagedDictionary::Iterator end_;
 };
 
 inline ManagedObject::ManagedObject(const ManagedArray& list) noexcept : cell_(list.cell()) {}

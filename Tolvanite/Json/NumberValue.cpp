@@ -174,7 +174,7 @@ std::int64_t NumberValue::longLongValue() const noexcept { return narrowed<std::
 std::uint64_t NumberValue::unsignedLongLongValue() const noexcept {
   return narrowed<std::uint64_t>();
 }
-double NumberValue::doubleValue() const noexcept { return detail::toDouble(cell_); }
+double NumberValue::nearestDouble() const noexcept { return detail::toDouble(cell_); }
 float NumberValue::floatValue() const noexcept { return static_cast<float>(doubleValue()); }
 
 std::string NumberValue::stringValue() const {

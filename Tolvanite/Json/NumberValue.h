@@ -97,7 +97,9 @@ class TOLVANITE_EXPORT NumberValue {
   Int integerValue() const noexcept { return longLongValue(); }
   std::uint64_t unsignedIntegerValue() const noexcept { return unsignedLongLongValue(); }
   /// The nearest one.
-  double doubleValue() const noexcept;
+  double doubleValue() const noexcept {
+    return cell_.tag() == detail::CellTag::real ? cell_.realNumber() : nearestDouble();
+  }
   float floatValue() const noexcept;
   /// @}
 
@@ -127,6 +129,7 @@ class TOLVANITE_EXPORT NumberValue {
  private:
   template <typename T>
   T narrowed() const noexcept;
+  double nearestDouble() const noexcept;
 
   detail::Cell cell_;
 };

@@ -1,10 +1,15 @@
 #include <Tolvanite/Json/detail/NumberText.h>
 
+#include <algorithm>
 #include <array>
 #include <bit>
-#include <charconv>
 #include <cmath>
 #include <cstring>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 // Floating-point numbers go the way of Raffaele Giulietti's "The Schubfach way to render doubles"
 // (2020): one 128-bit power of ten, three products, and the shortest decimal between the
@@ -116,70 +121,94 @@ Shortest shortest(std::uint64_t fraction, int exponentField) {
       isLowerCloser ? floorLog10OfThreeQuartersOfPowerOfTwo(q) : floorLog10OfPowerOfTwo(q);
   const int h = q + floorLog2OfPowerOfTen(-k) + 1;
   const PowerOfTen power = powers[static_cast<std::size_t>(-k - lowestPower)];
-  const std::uint64_t below = roundToOdd(power, (4 * c - 2 + (isLowerCloser ? 1 : 0)) << h);
-  const std::uint64_t value = roundToOdd(power, (4 * c) << h);
-  const std::uint64_t above = roundToOdd(power, (4 * c + 2) << h);
+  // Twice the distance to the midpoints, which are half a unit of c away, one of them maybe less.
+  const std::uint64_t half = std::uint64_t{2} << h;
+  const std::uint64_t center = c << (h + 2);
+  const std::uint64_t below = roundToOdd(power, center - (isLowerCloser ? half / 2 : half));
+  const std::uint64_t value = roundToOdd(power, center);
+  const std::uint64_t above = roundToOdd(power, center + half);
   // An even number owns the midpoints to its neighbours.
   const std::uint64_t lower = below + (c & 1);
   const std::uint64_t upper = above - (c & 1);
   const std::uint64_t s = value / 4;
-  if (s >= 10) {
-    const std::uint64_t tens = s / 10;
-    const bool isDownInside = lower <= 40 * tens;
-    const bool isUpInside = 40 * tens + 40 <= upper;
-    if (isDownInside != isUpInside) return {tens + (isUpInside ? 1 : 0), k + 1};
+  // A digit less, if just one of the two numbers of so many digits is in between. All is calculated
+  // and then chosen from without a jump, as the choice is as good as random.
+  const std::uint64_t tens = s / 10;
+  const auto bit = [](bool holds) { return std::uint64_t{holds}; };
+  const std::uint64_t tenUp = bit(40 * tens + 40 <= upper);
+  const std::uint64_t isTen = (bit(lower <= 40 * tens) ^ tenUp) & bit(s >= 10);
+  const std::uint64_t oneUp = bit(4 * s + 4 <= upper);
+  const std::uint64_t isOne = bit(lower <= 4 * s) ^ oneUp;
+  // Between the two: the nearer one, of two equally near the even one.
+  const std::uint64_t nearerUp = bit(value + (s & 1) > 4 * s + 2);
+  const std::uint64_t one = s + ((oneUp & isOne) | (nearerUp & ~isOne));
+  const std::uint64_t ten = tens + tenUp;
+  return {one ^ ((one ^ ten) & -isTen), k + static_cast<int>(isTen)};
+}
+
+constexpr std::uint32_t hundredMillion = 100'000'000;
+constexpr std::uint64_t tenQuadrillion = 10'000'000'000'000'000;
+
+// The eight digits of a number below 10^8, one a byte, the first one in the lowest. All are halved
+// down in one word at once: to two numbers of four digits, four of two, eight of one.
+[[gnu::always_inline]] inline std::uint64_t eightDigits(std::uint32_t value) {
+  const std::uint64_t fours = value / 10000 | static_cast<std::uint64_t>(value % 10000) << 32;
+  const std::uint64_t hundreds = (fours * 10486 >> 20) & 0x7f'0000'007fU;
+  const std::uint64_t twos = hundreds | (fours - 100 * hundreds) << 16;
+  const std::uint64_t tens = (twos * 103 >> 10) & 0x000f'000f'000f'000fU;
+  return tens | (twos - 10 * tens) << 8;
+}
+
+struct DigitPair {
+  std::uint64_t high;
+  std::uint64_t low;
+};
+
+// The digits of two numbers at once.
+DigitPair sixteenDigits(std::uint32_t high, std::uint32_t low) {
+#if defined(__SSE2__)
+  const __m128i eights = _mm_set_epi64x(low, high);
+  const __m128i tops = _mm_srli_epi64(_mm_mul_epu32(eights, _mm_set1_epi64x(0xd1b71759)), 45);
+  const __m128i rests = _mm_sub_epi64(eights, _mm_mul_epu32(tops, _mm_set1_epi64x(10000)));
+  const __m128i fours = _mm_or_si128(tops, _mm_slli_epi64(rests, 32));
+  const __m128i hundreds = _mm_srli_epi16(_mm_mulhi_epu16(fours, _mm_set1_epi16(5243)), 3);
+  const __m128i twoRests = _mm_sub_epi16(fours, _mm_mullo_epi16(hundreds, _mm_set1_epi16(100)));
+  const __m128i twos = _mm_or_si128(hundreds, _mm_slli_epi32(twoRests, 16));
+  const __m128i tens = _mm_mulhi_epu16(twos, _mm_set1_epi16(6554));
+  const __m128i ones = _mm_sub_epi16(twos, _mm_mullo_epi16(tens, _mm_set1_epi16(10)));
+  const __m128i digits = _mm_or_si128(tens, _mm_slli_epi16(ones, 8));
+  return {static_cast<std::uint64_t>(_mm_cvtsi128_si64(digits)),
+          static_cast<std::uint64_t>(_mm_cvtsi128_si64(_mm_unpackhi_epi64(digits, digits)))};
+#else
+  return {eightDigits(high), eightDigits(low)};
+#endif
+}
+
+char* writeWord(char* out, std::uint64_t digits) {
+  digits |= 0x3030'3030'3030'3030U;
+  std::memcpy(out, &digits, sizeof digits);
+  return out + sizeof digits;
+}
+
+// Writes a number below 10^8 without zeros before it.
+char* writeFirst(char* out, std::uint32_t value) {
+  const std::uint64_t digits = eightDigits(value);
+  // The last digit counts even if it is a zero.
+  const int zeros = std::countr_zero(digits | std::uint64_t{1} << 56) / 8;
+  writeWord(out, digits >> 8 * zeros);
+  return out + 8 - zeros;
+}
+
+char* writeWhole(char* out, std::uint64_t value) {
+  if (value < hundredMillion) return writeFirst(out, static_cast<std::uint32_t>(value));
+  if (value >= tenQuadrillion) {
+    out = writeFirst(out, static_cast<std::uint32_t>(value / tenQuadrillion));
+    value %= tenQuadrillion;
+    out = writeWord(out, eightDigits(static_cast<std::uint32_t>(value / hundredMillion)));
+  } else {
+    out = writeFirst(out, static_cast<std::uint32_t>(value / hundredMillion));
   }
-  const bool isDownInside = lower <= 4 * s;
-  const bool isUpInside = 4 * s + 4 <= upper;
-  if (isDownInside != isUpInside) return {s + (isUpInside ? 1 : 0), k};
-  const std::uint64_t middle = 4 * s + 2;
-  const bool roundsUp = value > middle || (value == middle && (s & 1) != 0);
-  return {s + (roundsUp ? 1 : 0), k};
-}
-
-constexpr std::array<char, 200> makePairs() {
-  std::array<char, 200> pairs{};
-  for (std::size_t i = 0; i < 100; ++i) {
-    pairs[2 * i] = static_cast<char>('0' + i / 10);
-    pairs[2 * i + 1] = static_cast<char>('0' + i % 10);
-  }
-  return pairs;
-}
-constexpr std::array<char, 200> pairs = makePairs();
-
-void writePair(char* out, std::uint32_t value) { std::memcpy(out, &pairs[2 * value], 2); }
-
-void writeEight(char* out, std::uint32_t value) {
-  const std::uint32_t high = value / 10000;
-  const std::uint32_t low = value % 10000;
-  writePair(out, high / 100);
-  writePair(out + 2, high % 100);
-  writePair(out + 4, low / 100);
-  writePair(out + 6, low % 100);
-}
-
-int digitCount(std::uint64_t value) {
-  constexpr auto bounds = [] {
-    std::array<std::uint64_t, 20> result{};
-    std::uint64_t power = 1;
-    for (std::size_t i = 1; i < result.size(); ++i) result[i] = power *= 10;
-    return result;
-  }();
-  const int guess = (64 - std::countl_zero(value | 1)) * 1233 >> 12;
-  return guess + (value >= bounds[static_cast<std::size_t>(guess)] || guess == 0 ? 1 : 0);
-}
-
-// Writes exactly `count` digits, which the number has.
-void writeDigits(char* out, std::uint64_t value, int count) {
-  constexpr std::uint32_t hundredMillion = 100'000'000;
-  while (count > 8) {
-    count -= 8;
-    writeEight(out + count, static_cast<std::uint32_t>(value % hundredMillion));
-    value /= hundredMillion;
-  }
-  auto rest = static_cast<std::uint32_t>(value);
-  for (; count >= 2; rest /= 100) writePair(out + (count -= 2), rest % 100);
-  if (count == 1) *out = static_cast<char>('0' + rest);
+  return writeWord(out, eightDigits(static_cast<std::uint32_t>(value % hundredMillion)));
 }
 
 char* fill(char* out, char byte, int count) {
@@ -187,60 +216,82 @@ char* fill(char* out, char byte, int count) {
   return out + count;
 }
 
-// The digits with a point behind the first `whole` of them. Copies a fixed number of bytes, more
-// than needed: that is a few instructions, and there is room.
-char* writeWithPoint(char* out, std::uint64_t digits, int count, int whole) {
-  constexpr std::size_t mostDigits = 24;
-  char text[mostDigits + 8 + 17];
-  writeDigits(text, digits, count);
-  std::memcpy(out, text, mostDigits);
-  out[whole] = '.';
-  std::memcpy(out + whole + 1, text + whole, mostDigits);
-  return out + count + 1;
-}
+// The digits of a number of at most 17 digits. They stay in registers and are only stored: to load
+// what was stored in other pieces takes longer than all the rest.
+class Digits {
+ public:
+  explicit Digits(std::uint64_t number) : first_(static_cast<int>(number / tenQuadrillion)) {
+    number %= tenQuadrillion;
+    const auto [high, low] = sixteenDigits(static_cast<std::uint32_t>(number / hundredMillion),
+                                           static_cast<std::uint32_t>(number % hundredMillion));
+    const int zerosAhead =
+        high != 0 ? zerosAt(std::countr_zero(high)) : 8 + zerosAt(std::countr_zero(low | lastByte));
+    zerosBehind_ = low != 0 ? zerosAt(std::countl_zero(low)) : 8 + zerosAt(std::countl_zero(high));
+    const int skipped = first_ != 0 ? 0 : zerosAhead;
+    count_ = 16 + hasFirst() - skipped - zerosBehind_;
+    rest_ = (Wide{low} << 64 | high) >> 8 * skipped | (Wide{asciiZeros} << 64 | asciiZeros);
+  }
+
+  // Without the zeros at their end, of which there are `zerosBehind`.
+  int count() const { return count_; }
+  int zerosBehind() const { return zerosBehind_; }
+
+  char* write(char* out) const {
+    char* end = out + count_;
+    *out = static_cast<char>('0' + first_);
+    std::memcpy(out + hasFirst(), &rest_, sizeof rest_);
+    return end;
+  }
+  // With a point behind the first `whole` of them, which are not all.
+  char* writeWithPoint(char* out, int whole) const {
+    char* end = out + count_ + 1;
+    *out = static_cast<char>('0' + first_);
+    out += hasFirst();
+    whole -= hasFirst();
+    const Wide behind = rest_ >> 8 * whole;
+    std::memcpy(out, &rest_, sizeof rest_);
+    std::memcpy(out + whole + 1, &behind, sizeof behind);
+    out[whole] = '.';
+    return end;
+  }
+
+ private:
+  static constexpr std::uint64_t lastByte = std::uint64_t{1} << 56;
+  static int zerosAt(int bits) { return bits / 8; }
+  int hasFirst() const { return first_ != 0 ? 1 : 0; }
+
+  static constexpr std::uint64_t asciiZeros = 0x3030'3030'3030'3030U;
+
+  int first_;  // of 17, else 0
+  int count_;
+  int zerosBehind_;
+  Wide rest_;
+};
 
 char* writeScaled(char* out, Shortest number) {
-  while (number.digits % 10 == 0) {
-    number.digits /= 10;
-    ++number.exponent;
-  }
-  const int count = digitCount(number.digits);
-  const int point = count + number.exponent;
+  const Digits digits(number.digits);
+  number.exponent += digits.zerosBehind();
+  const int point = digits.count() + number.exponent;
   if (point > 0 && point <= 17) {
-    if (number.exponent >= 0) {
-      writeDigits(out, number.digits, count);
-      return fill(out + count, '0', number.exponent);
-    }
-    return writeWithPoint(out, number.digits, count, point);
+    if (number.exponent < 0) return digits.writeWithPoint(out, point);
+    return fill(digits.write(out), '0', number.exponent);
   }
   if (point <= 0 && point > -5) {
-    *out++ = '0';
-    *out++ = '.';
-    out = fill(out, '0', -point);
-    writeDigits(out, number.digits, count);
-    return out + count;
+    std::memcpy(out, "0.0000", 6);
+    return digits.write(out + 2 - point);
   }
-  if (count == 1) {
-    *out++ = static_cast<char>('0' + number.digits);
-  } else {
-    out = writeWithPoint(out, number.digits, count, 1);
-  }
+  out = digits.count() == 1 ? digits.write(out) : digits.writeWithPoint(out, 1);
   const int exponent = point - 1;
   *out++ = 'e';
   *out++ = exponent < 0 ? '-' : '+';
   const auto magnitude = static_cast<std::uint32_t>(std::abs(exponent));
-  if (magnitude >= 100) *out++ = static_cast<char>('0' + magnitude / 100);
-  writePair(out, magnitude % 100);
-  return out + 2;
+  if (magnitude < 10) *out++ = '0';
+  return writeFirst(out, magnitude);
 }
 
 }  // namespace
 
-char* writeNumber(char* out, std::uint64_t value) noexcept {
-  const int count = digitCount(value);
-  writeDigits(out, value, count);
-  return out + count;
-}
+char* writeNumber(char* out, std::uint64_t value) noexcept { return writeWhole(out, value); }
 
 char* writeNumber(char* out, std::int64_t value) noexcept {
   auto magnitude = static_cast<std::uint64_t>(value);
@@ -252,14 +303,16 @@ char* writeNumber(char* out, std::int64_t value) noexcept {
 }
 
 char* writeNumber(char* out, double value) noexcept {
-  if (std::signbit(value) && !std::isnan(value)) *out++ = '-';
   const auto bits = std::bit_cast<std::uint64_t>(value) & ~(std::uint64_t{1} << 63);
   const auto fraction = bits & ((std::uint64_t{1} << 52) - 1);
   const auto exponentField = static_cast<int>(bits >> 52);
+  const bool isNegative = std::signbit(value);
   if (exponentField == 0x7ff) {
-    std::memcpy(out, fraction == 0 ? "inf" : "nan", 3);
-    return out + 3;
+    const std::string_view text = fraction != 0 ? "nan" : isNegative ? "-inf" : "inf";
+    return std::copy(text.begin(), text.end(), out);
   }
+  *out = '-';
+  out += isNegative ? 1 : 0;
   const double magnitude = std::bit_cast<double>(bits);
   if (magnitude < 0x1p53) {
     const auto whole = static_cast<std::uint64_t>(magnitude);

@@ -11,7 +11,10 @@ void TextOut::grow(std::size_t bytes) {
   const std::size_t needed = used + bytes;
   if (text_.capacity() < needed) {
     text_.resize(used);
-    text_.reserve(std::max(needed, 2 * text_.capacity()));
+    // Room that is never written to takes no memory, and each further step would copy the text.
+    constexpr std::size_t large = 16 << 20;
+    const std::size_t factor = text_.capacity() < large ? 4 : 2;
+    text_.reserve(std::max(needed, factor * text_.capacity()));
     preferLargePages(text_.data(), text_.capacity());
   }
   // Growing the length fills with zeros; a step that the cache holds makes that cheap.

@@ -25,6 +25,12 @@ class TextOut {
   }
   /// The end of what was written there.
   void end(char* next) { next_ = next; }
+  /// Both at once.
+  char* roomAt(char* next, std::size_t bytes) {
+    if (static_cast<std::size_t>(end_ - next) >= bytes) return next;
+    end(next);
+    return room(bytes);
+  }
 
   void append(char byte) {
     *room(1) = byte;
