@@ -91,6 +91,8 @@ class Cell {
   /// A text of at most `longestShortText` bytes.
   static Cell shortText(std::string_view text) noexcept;
 
+  // Below the tags that have a name, a tag is the length of a short text.
+  // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange)
   CellTag tag() const noexcept { return static_cast<CellTag>(high_ >> tagShift); }
   bool isShortText() const noexcept { return tag() < CellTag::null; }
   bool isText() const noexcept { return isShortText() || tag() == CellTag::longText; }
@@ -103,6 +105,7 @@ class Cell {
   std::uint64_t high() const noexcept { return high_; }
   std::int64_t integer() const noexcept { return static_cast<std::int64_t>(low_); }
   double realNumber() const noexcept { return std::bit_cast<double>(low_); }
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a cell is two words, and one of them may be a node
   CellNode* node() const noexcept { return reinterpret_cast<CellNode*>(low_); }
 
   /// The bytes of a text. Those of a short one stand in the cell itself.
