@@ -140,9 +140,8 @@
 #include <Tolvanite/Platform/Debugger.h>
 #include <Tolvanite/Platform/Export.h>
 #include <Tolvanite/Platform/HttpRequest.h>
-#include <Tolvanite/Platform/LargeMemory.h>
-#include <Tolvanite/Platform/LargePages.h>
 #include <Tolvanite/Platform/MainQueue.h>
+#include <Tolvanite/Platform/MemoryHints.h>
 #include <Tolvanite/Platform/RandomDevice.h>
 #include <Tolvanite/Platform/SharedCount.h>
 #include <Tolvanite/Platform/StandardPlaces.h>

@@ -7,7 +7,7 @@
 #include <span>
 
 #include <Tolvanite/Compression/detail/CompressionStream.h>
-#include <Tolvanite/Platform/LargeMemory.h>
+#include <Tolvanite/Platform/MemoryHints.h>
 
 namespace tolvanite {
 
@@ -39,7 +39,7 @@ Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression
       std::min(stream->promisedSize(), std::max(source.size() * believedExpansion, believedSize));
   ByteBuffer result;
   result.reserve(static_cast<Int>(expected));
-  expectFilling(result.data(), expected);
+  preferLargePages(result.data(), expected);
   while (true) {
     switch (stream->process(operation == CompressionOperation::encode)) {
       case CompressionStream::Status::ok:

@@ -9,7 +9,7 @@
 
 #include <Tolvanite/Json/detail/TapeReader.h>
 #include <Tolvanite/Json/detail/TextReader.h>
-#include <Tolvanite/Platform/LargePages.h>
+#include <Tolvanite/Platform/MemoryHints.h>
 
 namespace tolvanite {
 
@@ -20,7 +20,9 @@ using detail::CellTag;
 
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
-// The parser of a thread, with its buffers. Those for a large text are not kept.
+// The parser of a thread. Its buffers, of which a text uses up to about twice its size, are kept
+// for the next text; the pages of large ones are for the system to take back, and buffers for very
+// large texts are freed.
 class Parser {
  public:
   static Parser& ofThisThread() {
@@ -35,23 +37,33 @@ class Parser {
       result = detail::readTape(parser_->doc.tape.get(), parser_->doc.string_buf.get());
     }
     if (parser_ != nullptr && parser_->capacity() > mostKept) parser_.reset();
+    if (text.size() > mostResident) adviseOnBuffers(offerBack);
     return result;
   }
 
  private:
-  static constexpr std::size_t mostKept = 4 << 20;
+  static constexpr std::size_t leastRoom = 4096;
+  static constexpr std::size_t mostResident = 2 << 20;
+  static constexpr std::size_t mostKept = 64 << 20;
 
   bool makeRoom(std::size_t size) {
     if (parser_ == nullptr) parser_ = std::make_unique<simdjson::dom::parser>();
     if (parser_->capacity() >= size) return true;
     if (size > simdjson::SIMDJSON_MAXSIZE_BYTES) return false;
-    const std::size_t capacity = size > mostKept ? size : std::bit_ceil(std::max(size, leastRoom));
-    simdjson::dom::document& doc = parser_->doc;
+    const std::size_t capacity =
+        size > mostResident ? size : std::bit_ceil(std::max(size, leastRoom));
     if (parser_->allocate(capacity) != simdjson::SUCCESS) return false;
-    if (doc.allocate(capacity) != simdjson::SUCCESS) return false;
-    preferLargePages(doc.tape.get(), capacity * sizeof(std::uint64_t));
-    preferLargePages(doc.string_buf.get(), capacity);
+    if (parser_->doc.allocate(capacity) != simdjson::SUCCESS) return false;
+    adviseOnBuffers(preferLargePages);
     return true;
+  }
+
+  void adviseOnBuffers(void (*advise)(void*, std::size_t)) const {
+    if (parser_ == nullptr) return;
+    const std::size_t capacity = parser_->capacity();
+    advise(parser_->doc.tape.get(), capacity * sizeof(std::uint64_t));
+    advise(parser_->doc.string_buf.get(), capacity);
+    advise(parser_->implementation->structural_indexes.get(), capacity * sizeof(std::uint32_t));
   }
 
   bool simdjsonParse(std::string_view text) {
@@ -62,8 +74,6 @@ class Parser {
     const bool hasRoom = last / page == (last + simdjson::SIMDJSON_PADDING) / page;
     return parser_->parse(text.data(), text.size(), !hasRoom).error() == simdjson::SUCCESS;
   }
-
-  static constexpr std::size_t leastRoom = 4096;
 
   std::unique_ptr<simdjson::dom::parser> parser_;
 };

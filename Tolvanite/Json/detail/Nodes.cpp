@@ -10,7 +10,7 @@
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Json/detail/Hashing.h>
 #include <Tolvanite/Json/detail/Numbers.h>
-#include <Tolvanite/Platform/LargePages.h>
+#include <Tolvanite/Platform/MemoryHints.h>
 
 namespace tolvanite::detail {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include <Tolvanite/Platform/LargePages.h>
+#include <Tolvanite/Platform/MemoryHints.h>
 
 namespace tolvanite::detail {
 
