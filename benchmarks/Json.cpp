@@ -105,6 +105,16 @@ void mapRecords(benchmark::State& state) {
   report(state, values.size(), folded(length));
 }
 
+void mapRecordsOneByOne(benchmark::State& state) {
+  const std::vector<Record> values = records();
+  std::size_t length = 0;
+  for ([[maybe_unused]] auto once : state) {
+    const std::string text = tolvanite::makeJsonText(values);
+    length = text.size();
+  }
+  report(state, values.size(), folded(length));
+}
+
 void writeRecords(benchmark::State& state) {
   const tolvanite::Json ready = tolvanite::makeJson(records());
   std::size_t length = 0;
@@ -118,6 +128,9 @@ void writeRecords(benchmark::State& state) {
 const bool registered = registerJson<Document>("tolvanite");
 const auto* const mapped =
     benchmark::RegisterBenchmark("tolvanite/records_mapped_and_written", mapRecords)
+        ->Unit(benchmark::kMillisecond);
+const auto* const mappedOneByOne =
+    benchmark::RegisterBenchmark("tolvanite/records_mapped_one_by_one", mapRecordsOneByOne)
         ->Unit(benchmark::kMillisecond);
 const auto* const written = benchmark::RegisterBenchmark("tolvanite/records_written", writeRecords)
                                 ->Unit(benchmark::kMillisecond);

@@ -95,10 +95,12 @@ class TOLVANITE_EXPORT JSONSerialization::Errur final : public Error {
 /// @{
 constexpr JSONSerialization::ReadingOptions operator|(JSONSerialization::ReadingOptions a,
                                                       JSONSerialization::ReadingOptions b) {
+  // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): options are joined bit by bit
   return static_cast<JSONSerialization::ReadingOptions>(static_cast<int>(a) | static_cast<int>(b));
 }
 constexpr JSONSerialization::WritingOptions operator|(JSONSerialization::WritingOptions a,
                                                       JSONSerialization::WritingOptions b) {
+  // NOLINTNEXTLINE(clang-analyzer-optin.core.EnumCastOutOfRange): options are joined bit by bit
   return static_cast<JSONSerialization::WritingOptions>(static_cast<int>(a) | static_cast<int>(b));
 }
 constexpr bool contains(JSONSerialization::ReadingOptions a, JSONSerialization::ReadingOptions b) {

@@ -262,7 +262,9 @@ Set<std::string> Json::collectKeyPaths() const {
   }
   Set<std::string> result;
   for (const auto& [key, value] : *this) {
-    for (const std::string& path : value.collectKeyPaths()) result.insert("." + key + path);
+    for (const std::string& path : value.collectKeyPaths()) {
+      result.insert(std::string(".").append(key).append(path));
+    }
   }
   return result;
 }

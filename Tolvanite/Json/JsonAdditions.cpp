@@ -99,7 +99,7 @@ Optional<FileLocation> Json::url() const {
   if (!isLocation(encoded)) return {};
   if (hasScheme(encoded)) return FileLocation::fromAbsoluteString(encoded);
   // A path: decoded as the path of a location of the root directory.
-  const auto decoded = FileLocation::fromAbsoluteString("file:///" + encoded);
+  auto decoded = FileLocation::fromAbsoluteString("file:///" + encoded);
   if (decoded.isNone()) return {};
   if (encoded.starts_with('/')) return decoded;
   const std::string path = decoded->path().substr(1) + (decoded->isDirectory() ? "/" : "");

@@ -33,6 +33,7 @@
 #include <Tolvanite/Frame/TextForm.h>
 #include <Tolvanite/Frame/detail/DynamicCast.h>
 #include <Tolvanite/Json/Json.h>
+#include <Tolvanite/Json/JsonWriter.h>
 #include <Tolvanite/Json/ManagedObject.h>
 #include <Tolvanite/Json/detail/IsoDate.h>
 
@@ -208,6 +209,21 @@ ManagedArray makeJsonNsArray(const Range& values, bool discardNilValues = false)
 template <detail::MappableMap Map>
 ManagedDictionary makeJsonNsDictionary(const Map& values, bool discardNilValues = false) {
   return jsonValuesMapDictionary(values, discardNilValues);
+}
+
+/// The text that JsonWriter makes of the raw list of a sequence, with sorted keys. Only one item at
+/// a time is mapped and kept, which takes little memory and time. Throws a JsonWriter::Errur.
+template <detail::MappableSequence Range>
+std::string makeJsonText(const Range& values, bool discardNilValues = false,
+                         Optional<std::string> indentString = std::string("\t")) {
+  JsonWriter writer(std::move(indentString));
+  JsonWriter::List list(writer);
+  const auto take = [&](const ManagedObject& object) { list.append(object); };
+  for (const auto& item : values) {
+    detail::mapItem<std::ranges::range_value_t<const Range>>(item, discardNilValues, take);
+  }
+  list.end();
+  return std::move(writer).dest();
 }
 
 /// A Json of a sequence, of a map with text keys.

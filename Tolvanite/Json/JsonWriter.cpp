@@ -58,6 +58,19 @@ class JsonWriter::Pass {
     out_.append('\n');
   }
 
+  // The same in pieces, for a list.
+  void startList() {
+    out_.append('[');
+    enter();
+  }
+  void listElement(const Cell& cell, bool isFirst) {
+    out_.end(element(startLine(out_.room(0), isFirst ? '\0' : ','), cell));
+  }
+  void endList() {
+    out_.end(close(out_.room(0), ']'));
+    out_.append('\n');
+  }
+
  private:
   // Everything that is written without a further look at the room: a number, a short text, a
   // bracket, with what stands around it.
@@ -255,6 +268,21 @@ std::shared_ptr<JsonWriter> JsonWriter::make(Optional<std::string> indentString,
                                       location);
 }
 
+JsonWriter::List::List(JsonWriter& writer) : pass_(std::make_unique<Pass>(writer)) {
+  pass_->startList();
+}
+
+JsonWriter::List::~List() = default;
+
+void JsonWriter::List::append(const ManagedObject& element) {
+  pass_->listElement(element.cell(), std::exchange(isEmpty_, false));
+}
+
+void JsonWriter::List::end() {
+  pass_->endList();
+  pass_.reset();
+}
+
 const std::string& JsonWriter::string(const ManagedObject& root) & {
   Pass(*this).document(root.cell());
   return dest_;
@@ -262,8 +290,13 @@ const std::string& JsonWriter::string(const ManagedObject& root) & {
 
 std::string JsonWriter::string(const ManagedObject& root) && {
   Pass(*this).document(root.cell());
+  return std::move(*this).dest();
+}
+
+std::string JsonWriter::dest() && noexcept {
   // A short text does not keep all the room that was made for it.
-  if (dest_.size() < dest_.capacity() / 4) return dest_;
+  constexpr std::size_t large = 256 << 10;
+  if (dest_.size() < large) return dest_;
   return std::move(dest_);
 }
 

@@ -80,10 +80,13 @@ class TOLVANITE_EXPORT JsonWriter final {
 
   /// The text so far, how deep it is nested at its end, and the indent there.
   /// @{
-  const std::string& dest() const noexcept { return dest_; }
+  const std::string& dest() const& noexcept { return dest_; }
+  std::string dest() && noexcept;
   Int depth() const noexcept { return depth_; }
   std::string linePrefix() const;
   /// @}
+
+  class List;
 
  private:
   class Pass;
@@ -94,6 +97,26 @@ class TOLVANITE_EXPORT JsonWriter final {
   Optional<Dictionary<std::string, Int>> customOrder_;
   std::string dest_;
   Int depth_ = 0;
+};
+
+/// Writes a document that is a list whose elements come one by one, as if it had been there at
+/// once.
+class TOLVANITE_EXPORT JsonWriter::List {
+ public:
+  /// Begins the document.
+  explicit List(JsonWriter& writer);
+  List(const List&) = delete;
+  List& operator=(const List&) = delete;
+  ~List();
+
+  /// Writes an element behind those before. Throws an Errur.
+  void append(const ManagedObject& element);
+  /// Ends the document; nothing may follow.
+  void end();
+
+ private:
+  std::unique_ptr<Pass> pass_;
+  bool isEmpty_ = true;
 };
 
 class TOLVANITE_EXPORT JsonWriter::Errur final : public Error {

@@ -1,6 +1,6 @@
 #include <Tolvanite/Json/ManagedObject.h>
 
-#include <array>
+#include <new>
 #include <ostream>
 #include <span>
 
@@ -127,19 +127,15 @@ void ManagedArray::reserve(Int count) {
 }
 
 ManagedDictionary::ManagedDictionary(std::initializer_list<Entry> entries) : ManagedDictionary() {
-  constexpr std::size_t most = 24;
-  if (entries.size() > most) {
-    for (const Entry& entry : entries) set(entry.first, entry.second);
-    return;
+  std::uint64_t hash = 0;
+  for (const Entry& entry : entries) hash = detail::Shape::hashWith(hash, entry.key);
+  if (detail::Shape* known = detail::ShapeMemory::ofThisThread().find(hash, entries)) {
+    detail::Cell* out = detail::startDictionary(cell_, *known);
+    for (const Entry& entry : entries) new (out++) Cell(std::move(entry.value.cell()));
+  } else {
+    detail::makeChangeable(cell_, entries.size());
+    for (const Entry& entry : entries) set(entry.key, std::move(entry.value));
   }
-  std::array<Cell, most> keys;
-  std::array<Cell, most> values;
-  std::size_t count = 0;
-  for (const Entry& entry : entries) {
-    keys[count] = Cell::text(entry.first);
-    values[count++] = entry.second.cell();
-  }
-  cell_ = detail::makeDictionary(std::span(keys).first(count), std::span(values).first(count));
 }
 
 ManagedDictionary::Iterator ManagedDictionary::begin() const noexcept {

@@ -297,7 +297,11 @@ class TOLVANITE_EXPORT ManagedArray {
 /// copies the references to its values first. Dictionaries of the same keys share them.
 class TOLVANITE_EXPORT ManagedDictionary {
  public:
-  using Entry = std::pair<std::string_view, ManagedObject>;
+  /// A key and its value as a literal lists them. The value can be moved out of the list.
+  struct Entry {
+    std::string_view key;
+    mutable ManagedObject value;
+  };
   /// A key and its value, as iterating gives them.
   struct Item {
     std::string_view key;

@@ -122,7 +122,6 @@ std::size_t hashOfNumber(const Cell& number) noexcept {
 
 }  // namespace detail
 
-using detail::Cell;
 using detail::CellTag;
 
 Optional<NumberValue> NumberValue::decimal(std::string_view text) {

@@ -144,7 +144,7 @@ Version Version::predecessor(std::source_location location) const {
 }
 
 std::string Version::description() const {
-  std::array<char, 3 * (std::numeric_limits<Int>::digits10 + 2)> numbers;
+  std::array<char, std::size_t{3} * (std::numeric_limits<Int>::digits10 + 2)> numbers;
   char* out = writeNumber(numbers.data(), major_);
   *out++ = '.';
   out = writeNumber(out, minor_);

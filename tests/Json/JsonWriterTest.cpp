@@ -177,6 +177,9 @@ TEST(JsonValueMapping, MapsNestedContainersAndSequencesOfAllKinds) {
   const std::vector<std::map<std::string, std::list<std::optional<std::string>>>> nested = {
       {{"x", {"a", std::nullopt}}}, {}};
   EXPECT_EQ(compact(makeJsonNsArray(nested)), "[{\"x\":[\"a\",null]},{}]\n");
+  EXPECT_EQ(makeJsonText(nested), JsonWriter::stringFrom(makeJsonNsArray(nested)));
+  EXPECT_EQ(makeJsonText(std::vector<std::optional<int>>{{}, 1, {}}, true, std::nullopt), "[1]\n");
+  EXPECT_EQ(makeJsonText(std::vector<int>()), "[\n]\n");
   EXPECT_EQ(makeJson(nested, true), Json::parseString(R"([{"x":["a"]},{}])"));
   EXPECT_EQ(makeJson(std::vector<bool>{true, false}), Json(ManagedArray{true, false}));
   EXPECT_EQ(makeJson(std::vector<Track>{{"t", 1}})[0]["year"], Json(1));

@@ -78,8 +78,9 @@ bool readExponent(std::string_view text, int& exponent) {
     text.remove_prefix(1);
     if (text.starts_with('-')) return false;
   }
-  const char* end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, exponent);
+  const char* const first = text.data();
+  const char* const end = first + text.size();
+  const auto [stop, error] = std::from_chars(first, end, exponent);
   if (stop != end || text.empty()) return false;
   constexpr int far = 1'000'000'000;
   if (error == std::errc::result_out_of_range) exponent = text.starts_with('-') ? -far : far;

@@ -68,6 +68,7 @@ class Destruction {
 
   void run() noexcept {
     while (next_ != 0) {
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): the low bits of the address tell the kind
       auto* node = reinterpret_cast<CellNode*>(next_ & ~kindBits);
       const auto tag =
           static_cast<CellTag>((next_ & kindBits) + static_cast<std::uintptr_t>(CellTag::longText));
@@ -141,7 +142,7 @@ void extendShape(DictionaryNode& node, const Cell& key) {
   bool isWanted = false;
   if (keys.size() < ShapeMemory::mostKeys) {
     const std::uint64_t hash = Shape::hashWith(shape->hash(), key);
-    if (Shape* known = memory.find(hash, keys, &key)) {
+    if (Shape* known = memory.find(hash, keys, key)) {
       known->retain();
       node.shape = known;
       shape->release();
@@ -257,22 +258,13 @@ void eraseFrom(Cell& container, std::size_t place) {
   cells[--node->count].~Cell();
 }
 
-Cell makeDictionary(std::span<const Cell> keys, std::span<Cell> values) {
-  Cell result(CellTag::dictionary, std::uint64_t{0});
-  if (keys.empty()) return result;
-  std::uint64_t hash = 0;
-  for (const Cell& key : keys) hash = Shape::hashWith(hash, key);
-  Shape* known = ShapeMemory::ofThisThread().find(hash, keys, nullptr);
-  if (known == nullptr) {
-    makeChangeable(result, keys.size());
-    for (std::size_t i = 0; i < keys.size(); ++i) setIn(result, keys[i], std::move(values[i]));
-    return result;
-  }
-  CellNode* node = allocateNode(sizeof(DictionaryNode) + keys.size() * sizeof(Cell), keys.size());
-  known->retain();
-  auto* dictionary = new (node) DictionaryNode{{static_cast<std::uint32_t>(keys.size()), 0}, known};
-  std::uninitialized_move(values.begin(), values.end(), dictionary->values());
-  return {CellTag::dictionary, node};
+Cell* startDictionary(Cell& dictionary, Shape& shape) {
+  const std::size_t count = shape.keys().size();
+  CellNode* memory = allocateNode(sizeof(DictionaryNode) + count * sizeof(Cell), count);
+  shape.retain();
+  auto* node = new (memory) DictionaryNode{{static_cast<std::uint32_t>(count), 0}, &shape};
+  dictionary = Cell(CellTag::dictionary, node);
+  return node->values();
 }
 
 namespace {

@@ -87,8 +87,9 @@ void appendTo(Cell& list, Cell element);
 /// Sets the value under a key, which is added when it is new.
 void setIn(Cell& dictionary, const Cell& key, Cell value);
 void eraseFrom(Cell& container, std::size_t place);
-/// A dictionary of keys that are all different, with their values.
-Cell makeDictionary(std::span<const Cell> keys, std::span<Cell> values);
+/// Makes `dictionary` a new one of a known shape. The caller puts as many values as there are keys
+/// to the place that this gives.
+Cell* startDictionary(Cell& dictionary, Shape& shape);
 
 /// Equality by content: numbers by value whatever their kind, truth values as 1 and 0,
 /// dictionaries in any order.

@@ -229,6 +229,8 @@ class Digits {
     zerosBehind_ = low != 0 ? zerosAt(std::countl_zero(low)) : 8 + zerosAt(std::countl_zero(high));
     const int skipped = first_ != 0 ? 0 : zerosAhead;
     count_ = 16 + hasFirst() - skipped - zerosBehind_;
+    // At most fifteen are skipped, since `lastByte` counts as a digit.
+    // NOLINTNEXTLINE(clang-analyzer-core.BitwiseShift)
     rest_ = (Wide{low} << 64 | high) >> 8 * skipped | (Wide{asciiZeros} << 64 | asciiZeros);
   }
 
@@ -277,7 +279,7 @@ char* writeScaled(char* out, Shortest number) {
     return fill(digits.write(out), '0', number.exponent);
   }
   if (point <= 0 && point > -5) {
-    std::memcpy(out, "0.0000", 6);
+    std::ranges::copy(std::string_view("0.0000"), out);
     return digits.write(out + 2 - point);
   }
   out = digits.count() == 1 ? digits.write(out) : digits.writeWithPoint(out, 1);

@@ -63,6 +63,11 @@ std::uint64_t Shape::hashWith(std::uint64_t hash, const Cell& key) noexcept {
   return mixed(hash, hashOfText(key));
 }
 
+std::uint64_t Shape::hashWith(std::uint64_t hash, std::string_view key) noexcept {
+  return mixed(hash, key.size() <= Cell::longestShortText ? hashOfText(Cell::shortText(key))
+                                                          : hashOfLongText(key));
+}
+
 template <typename Equals>
 std::size_t Shape::findWith(std::uint64_t hash, Equals equals) const noexcept {
   const std::size_t mask = index_.size() - 1;
@@ -154,14 +159,13 @@ ShapeMemory::~ShapeMemory() {
 }
 
 Shape* ShapeMemory::find(std::uint64_t hash, std::span<const Cell> keys,
-                         const Cell* lastKey) noexcept {
+                         const Cell& lastKey) noexcept {
   const Slot& slot = slotOf(hash);
   if (slot.hash != hash || slot.shape == nullptr) return nullptr;
   const std::span<const Cell> known = slot.shape->keys();
-  if (known.size() != keys.size() + (lastKey == nullptr ? 0 : 1)) return nullptr;
-  if (!std::equal(keys.begin(), keys.end(), known.begin(), isSameText)) return nullptr;
-  if (lastKey != nullptr && !isSameText(known.back(), *lastKey)) return nullptr;
-  return slot.shape;
+  if (known.size() != keys.size() + 1 || !isSameText(known.back(), lastKey)) return nullptr;
+  const bool isKnown = std::equal(keys.begin(), keys.end(), known.begin(), isSameText);
+  return isKnown ? slot.shape : nullptr;
 }
 
 bool ShapeMemory::wants(std::uint64_t hash) noexcept {

@@ -2,6 +2,7 @@
 // share one shape, so that a list of a million records holds its keys once, and sorts them once.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <span>
@@ -39,6 +40,7 @@ class Shape {
   /// A hash of the keys in their order.
   std::uint64_t hash() const noexcept { return hash_; }
   static std::uint64_t hashWith(std::uint64_t hash, const Cell& key) noexcept;
+  static std::uint64_t hashWith(std::uint64_t hash, std::string_view key) noexcept;
 
   /// The place of a key; `absent` without it. Constant.
   std::size_t find(const Cell& key) const noexcept;
@@ -86,9 +88,23 @@ class ShapeMemory {
 
   ~ShapeMemory();
 
-  /// The known shape of exactly these keys, without a reference for the caller; null if there is
-  /// none, or if so many keys are not remembered.
-  Shape* find(std::uint64_t hash, std::span<const Cell> keys, const Cell* lastKey) noexcept;
+  /// The known shape of exactly these keys and one more, of exactly the keys of these entries,
+  /// without a reference for the caller; null if there is none.
+  /// @{
+  Shape* find(std::uint64_t hash, std::span<const Cell> keys, const Cell& lastKey) noexcept;
+  template <typename Entries>
+  Shape* find(std::uint64_t hash, const Entries& entries) noexcept {
+    const Slot& slot = slotOf(hash);
+    if (slot.hash != hash || slot.shape == nullptr) return nullptr;
+    const std::span<const Cell> known = slot.shape->keys();
+    const auto isKeyOf = [](const Cell& key, const auto& entry) {
+      return key.textView() == entry.key;
+    };
+    const bool isKnown =
+        std::equal(known.begin(), known.end(), entries.begin(), entries.end(), isKeyOf);
+    return isKnown ? slot.shape : nullptr;
+  }
+  /// @}
 
   /// Asks whether to remember a shape of this hash: only one that was wanted before.
   bool wants(std::uint64_t hash) noexcept;

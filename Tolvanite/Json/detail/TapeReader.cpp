@@ -58,6 +58,7 @@ class TapeReader {
       throw;
     }
     // The cell's reference to a node in the arena is the one that the arena began with.
+    // NOLINTNEXTLINE(bugprone-unused-return-value)
     if (result.hasNode()) static_cast<void>(arena_.release());
     return result;
   }

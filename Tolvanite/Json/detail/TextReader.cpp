@@ -205,8 +205,9 @@ class Reader {
   std::uint32_t fourDigits(std::size_t escapeStart) {
     const std::string_view digits = text_.substr(std::min(at_, text_.size()), 4);
     std::uint32_t point = 0;
-    const char* end = digits.data() + digits.size();
-    if (digits.size() < 4 || std::from_chars(digits.data(), end, point, 16).ptr != end) {
+    const char* const first = digits.data();
+    const char* const end = first + digits.size();
+    if (digits.size() < 4 || std::from_chars(first, end, point, 16).ptr != end) {
       fail("\\u needs four hexadecimal digits", escapeStart);
     }
     at_ += 4;
@@ -237,13 +238,14 @@ class Reader {
   }
 
   Cell integer(std::string_view number, std::size_t start) const {
-    const char* end = number.data() + number.size();
+    const char* const first = number.data();
+    const char* const end = first + number.size();
     std::int64_t asSigned = 0;
-    if (std::from_chars(number.data(), end, asSigned).ec == std::errc()) {
+    if (std::from_chars(first, end, asSigned).ec == std::errc()) {
       return Cell::signedInteger(asSigned);
     }
     std::uint64_t asUnsigned = 0;
-    if (number[0] != '-' && std::from_chars(number.data(), end, asUnsigned).ec == std::errc()) {
+    if (number[0] != '-' && std::from_chars(first, end, asUnsigned).ec == std::errc()) {
       return Cell::unsignedInteger(asUnsigned);
     }
     real(number, start);
