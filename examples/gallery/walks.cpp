@@ -56,7 +56,8 @@ void print(std::ostream& out, const std::vector<Frame>& frames) {
 
 // The cells numbered in the order in which a walk comes to them.
 template <typename Walk>
-Frame walked(std::string_view title, MatrixSize size, const Walk& walk) {
+// NOLINTNEXTLINE(performance-unnecessary-value-param): most walks change as they go
+Frame walked(std::string_view title, MatrixSize size, Walk walk) {
   Matrix<int> matrix(size);
   int number = 0;
   for (const MatrixCoordinate cell : walk) matrix[cell] = number++;
