@@ -89,6 +89,11 @@ TEST(JSONSerialization, ReadsWhatIsWellFormed) {
       {"-9223372036854775808", std::numeric_limits<std::int64_t>::min()},
       {"9223372036854775808", std::uint64_t{1} << 63},
       {"1e-400", 0},
+      {"-1e-999999999999999999999", 0},
+      {"0e999999999999999999999", 0},
+      // Read by the plain reader, because of the integer.
+      {"[1e-999999999999999999999,18446744073709551616]", ManagedArray{0, 0x1p64}},
+      {"[1e-400,4e-320,18446744073709551616]", ManagedArray{0, 4e-320, 0x1p64}},
       {"[18446744073709551616]", ManagedArray{0x1p64}},
       {"4.9406564584124654e-324", 5e-324},
       {"1.7976931348623157e308", std::numeric_limits<double>::max()},
@@ -164,6 +169,7 @@ TEST(JSONSerialization, SaysWhereATextIsMalformed) {
       {"0x1", 1},
       {"-01", 2},
       {"[1e400]", 1},
+      {"1e999999999999999999999", 0},
       {"[-1e400]", 1},
       {"1" + std::string(400, '0'), 0},
       // Texts.

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <system_error>
 
@@ -254,16 +255,14 @@ class Reader {
 
   Cell real(std::string_view number, std::size_t start) const {
     double result = 0;
-    const auto error = std::from_chars(number.data(), number.data() + number.size(), result).ec;
-    if (error == std::errc::result_out_of_range) {
+    const char* const first = number.data();
+    if (std::from_chars(first, first + number.size(), result).ec ==
+        std::errc::result_out_of_range) {
       // Too large, or too near to 0.
       const Optional<Decimal> decimal = Decimal::parse(number);
-      const bool isSmall = decimal.isSome() && decimal->exponent < 0;
-      if (!isSmall) fail("a number that no double can hold", start);
-      result = decimal->toDouble();
-    } else if (!std::isfinite(result)) {
-      fail("a number that no double can hold", start);
+      result = decimal.isSome() ? decimal->toDouble() : std::numeric_limits<double>::infinity();
     }
+    if (!std::isfinite(result)) fail("a number that no double can hold", start);
     return Cell::real(result);
   }
 
