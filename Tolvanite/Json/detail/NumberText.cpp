@@ -211,11 +211,6 @@ char* writeWhole(char* out, std::uint64_t value) {
   return writeWord(out, eightDigits(static_cast<std::uint32_t>(value % hundredMillion)));
 }
 
-char* fill(char* out, char byte, int count) {
-  std::memset(out, byte, static_cast<std::size_t>(count));
-  return out + count;
-}
-
 // The digits of a number of at most 17 digits. They stay in registers and are only stored: to load
 // what was stored in other pieces takes longer than all the rest.
 class Digits {
@@ -274,10 +269,7 @@ char* writeScaled(char* out, Shortest number) {
   const Digits digits(number.digits);
   number.exponent += digits.zerosBehind();
   const int point = digits.count() + number.exponent;
-  if (point > 0 && point <= 17) {
-    if (number.exponent < 0) return digits.writeWithPoint(out, point);
-    return fill(digits.write(out), '0', number.exponent);
-  }
+  if (point > 0 && number.exponent < 0) return digits.writeWithPoint(out, point);
   if (point <= 0 && point > -5) {
     std::ranges::copy(std::string_view("0.0000"), out);
     return digits.write(out + 2 - point);
@@ -289,6 +281,12 @@ char* writeScaled(char* out, Shortest number) {
   const auto magnitude = static_cast<std::uint32_t>(std::abs(exponent));
   if (magnitude < 10) *out++ = '0';
   return writeFirst(out, magnitude);
+}
+
+bool isExactly(Shortest number, std::uint64_t whole) {
+  if (number.exponent < 0) return false;
+  for (; number.exponent > 0; --number.exponent) number.digits *= 10;
+  return number.digits == whole;
 }
 
 }  // namespace
@@ -316,11 +314,18 @@ char* writeNumber(char* out, double value) noexcept {
   *out = '-';
   out += isNegative ? 1 : 0;
   const double magnitude = std::bit_cast<double>(bits);
-  if (magnitude < 0x1p53) {
-    const auto whole = static_cast<std::uint64_t>(magnitude);
-    if (static_cast<double>(whole) == magnitude) return writeNumber(out, whole);
+  std::uint64_t whole = 0;
+  if (magnitude < 1e17) {
+    whole = static_cast<std::uint64_t>(magnitude);
+    if (magnitude < 0x1p53 && static_cast<double>(whole) == magnitude) {
+      return writeNumber(out, whole);
+    }
   }
-  return writeScaled(out, shortest(fraction, exponentField));
+  const Shortest number = shortest(fraction, exponentField);
+  // Whole numbers beyond that stay plain if the shortest digits are exact. Else they would read
+  // back as another integer, which no double is equal to.
+  if (whole >= std::uint64_t{1} << 53 && isExactly(number, whole)) return writeNumber(out, whole);
+  return writeScaled(out, number);
 }
 
 }  // namespace tolvanite::detail

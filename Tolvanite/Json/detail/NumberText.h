@@ -12,8 +12,9 @@ namespace tolvanite::detail {
 inline constexpr std::size_t numberTextRoom = 64;
 
 /// Writes the text and gives its end. A floating-point number gets the fewest digits that read back
-/// as the same number; if several have so few, the nearest; plain between 1e-5 and 1e17, else as
-/// "1.5e+17"; no ".0" behind whole numbers.
+/// as the same number; if several have so few, the nearest. It is plain between 1e-5 and 1e17,
+/// where whole numbers have no ".0", else as "1.5e+17", and so are whole numbers whose digits are
+/// not exact.
 /// @{
 char* writeNumber(char* out, std::int64_t value) noexcept;
 char* writeNumber(char* out, std::uint64_t value) noexcept;
