@@ -194,6 +194,7 @@ ManagedDictionary jsonValuesMapDictionary(const Map& values, bool discardNilValu
   ManagedDictionary result;
   for (const auto& [key, item] : values) {
     detail::mapItem(item, discardNilValues,
+                    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): captured, and alive
                     [&](ManagedObject object) { result.set(key, std::move(object)); });
   }
   return result;
