@@ -302,6 +302,7 @@ void Kerray<T>::insertMultiple(ElementArray<T> elements, Int atIndex,
   auto [fresh, present] = split(std::move(elements), testForExistingElements);
   if (!fresh.isEmpty()) {
     array_.insert(atIndex, fresh);
+    dictionary_.reserve(count());
     for (Int i = 0; i < fresh.count(); ++i) {
       addToDictionary(fresh.handleAt(i), atIndex + i);
     }
@@ -320,6 +321,7 @@ void Kerray<T>::insertMultipleDistributed(ElementArray<T> elements, std::vector<
   auto [fresh, present] = split(std::move(elements), testForExistingElements, &atIndexes);
   if (!fresh.isEmpty()) {
     array_.insertEach(atIndexes, fresh);
+    dictionary_.reserve(count());
     for (Int i = 0; i < fresh.count(); ++i) {
       addToDictionary(fresh.handleAt(i), atIndexes[static_cast<std::size_t>(i)]);
     }

@@ -15,6 +15,7 @@
 // ...)`.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 
@@ -32,28 +33,34 @@ class OwnerToken {
   /// Starts without subscriptions.
   OwnerToken(const OwnerToken& /*other*/) noexcept {}
   OwnerToken& operator=(const OwnerToken& /*other*/) noexcept { return *this; }
-  ~OwnerToken() { endSubscriptions(); }
+  ~OwnerToken() = default;
 
   /// Ends all subscriptions of this owner at once; later ones count anew.
-  void endSubscriptions() noexcept {
-    if (!life_) return;
-    life_.reset();
-    countEnd();
-  }
+  void endSubscriptions() noexcept { life_.reset(); }
 
-  /// How many tokens that had subscriptions have ended in this process: while the number stays, so
-  /// do they all.
-  TOLVANITE_EXPORT static std::uint64_t endedCount() noexcept;
+  /// How many lives of tokens have ended in this process: while the number stays, every token that
+  /// has subscriptions lives.
+  static std::uint64_t endedCount() noexcept { return endedLives_.load(std::memory_order_acquire); }
 
  private:
   friend class Owner;
-  TOLVANITE_EXPORT static void countEnd() noexcept;
+
+  // Its end comes after the references to it have expired, so that whoever reads the number first
+  // and finds a life afterwards knows that it lasts while the number stays.
+  struct Life {
+    Life() = default;
+    Life(const Life&) = delete;
+    Life& operator=(const Life&) = delete;
+    ~Life() { endedLives_.fetch_add(1, std::memory_order_release); }
+  };
 
   // Made at the first subscription: a host that never subscribes pays nothing.
   const std::shared_ptr<const void>& life() const {
-    if (!life_) life_ = std::make_shared<char>();
+    if (!life_) life_ = std::make_shared<Life>();
     return life_;
   }
+
+  TOLVANITE_EXPORT static std::atomic<std::uint64_t> endedLives_;
 
   mutable std::shared_ptr<const void> life_;
 };

@@ -9,10 +9,12 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -35,14 +37,22 @@ class WeaklyOwnedObjectsSphere {
   struct List {
     List() = default;
     List(const List& other)
-        : observers(other.observers), areTokensOnly(other.areTokensOnly), sweptAt(other.sweptAt) {}
+        : observers(other.observers),
+          areTokensOnly(other.areTokensOnly),
+          allLivedAt(other.allLivedAt.load(std::memory_order_relaxed)) {}
 
+    /// While `OwnerToken::endedCount()` is this number, all owners live.
+    std::uint64_t allLiveWhile() const noexcept {
+      return areTokensOnly ? allLivedAt.load(std::memory_order_relaxed) : never;
+    }
+
+    static constexpr std::uint64_t never = std::numeric_limits<std::uint64_t>::max();
     SharedCount references{1};
     std::vector<std::shared_ptr<T>> observers;
-    // Whether all owners are known to be tokens, and how many of those had ended when the list was
-    // swept last.
+    // Whether all owners are known to be tokens, and how many of those had ended when all owners
+    // in the list were alive. Passes note it, also those over a list that is shared.
     bool areTokensOnly = true;
-    std::uint64_t sweptAt = OwnerToken::endedCount();
+    std::atomic<std::uint64_t> allLivedAt = OwnerToken::endedCount();
   };
   using ListReference = detail::Counted<List>;
 
@@ -113,12 +123,19 @@ class WeaklyOwnedObjectsSphere {
     const auto list = list_;  // Outlives the pass, whatever becomes of the sphere meanwhile.
     if (!list) return;
     const detail::PassUnderWay pass;
+    const std::uint64_t endedTokens = OwnerToken::endedCount();
+    const std::uint64_t allLiveWhile = list->allLiveWhile();
+    bool allLived = true;
     const std::shared_ptr<T>* const end = list->observers.data() + list->observers.size();
     for (const std::shared_ptr<T>* i = list->observers.data(); i != end; ++i) {
       T& observer = **i;
-      if (observer.isOwnerAlive()) [[likely]]
+      if (OwnerToken::endedCount() == allLiveWhile || observer.isOwnerAlive()) [[likely]] {
         call(observer);
+      } else {
+        allLived = false;
+      }
     }
+    if (allLived) list->allLivedAt.store(endedTokens, std::memory_order_relaxed);
   }
 
   /// Whether nothing was ever registered that is still held; constant.
@@ -128,21 +145,23 @@ class WeaklyOwnedObjectsSphere {
   void add(std::shared_ptr<T> observer, bool isOwnerToken) {
     List& list = listToChange();
     list.areTokensOnly = list.areTokensOnly && isOwnerToken;
+    if (!observer->isOwnerAlive()) list.allLivedAt.store(List::never, std::memory_order_relaxed);
     list.observers.push_back(std::move(observer));
   }
 
   void purgeDealloced() {
     if (!list_) return;
-    // The end of a token is told, so that without one there is nothing to look for.
     const std::uint64_t endedTokens = OwnerToken::endedCount();
-    if (list_->areTokensOnly && list_->sweptAt == endedTokens) return;
-    list_->sweptAt = endedTokens;
+    if (list_->allLiveWhile() == endedTokens) return;
     const auto isAlive = [](const auto& observer) { return observer->isOwnerAlive(); };
-    if (std::ranges::all_of(list_->observers, isAlive)) return;
+    if (std::ranges::all_of(list_->observers, isAlive)) {
+      list_->allLivedAt.store(endedTokens, std::memory_order_relaxed);
+      return;
+    }
     auto living = ListReference::make();
     std::ranges::copy_if(list_->observers, std::back_inserter(living->observers), isAlive);
     living->areTokensOnly = list_->areTokensOnly || living->observers.empty();
-    living->sweptAt = endedTokens;
+    living->allLivedAt.store(endedTokens, std::memory_order_relaxed);
     // What the dead observers' blocks hold is released with the old list, last: its end may run
     // code that registers here again.
     std::swap(list_, living);

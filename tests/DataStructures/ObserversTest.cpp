@@ -1,5 +1,6 @@
 // Owners, the observer registry, fountains and the observable values.
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -136,6 +137,57 @@ TEST_F(SphereTest, whatADyingObserverHoldsMayRegisterAtItsEnd) {
   c.reset();
   add(a, "a");
   EXPECT_EQ(ring(), (Texts{"from the end", "a"}));
+}
+
+// Passes over observers of tokens do not look at each token while none has ended.
+TEST_F(SphereTest, observersOfTokensAreCalledAsLongAsTheirTokensLive) {
+  std::mt19937 random(7);
+  std::vector<std::unique_ptr<OwnerToken>> tokens(8);
+  std::vector<std::size_t> registered;  // in the order of registration, the ended ones too
+  const auto endOne = [&] { tokens[random() % tokens.size()].reset(); };
+  const auto expected = [&] {
+    Texts names;
+    for (const std::size_t i : registered) {
+      if (tokens[i % 8]) names.push_back(std::to_string(i));
+    }
+    return names;
+  };
+  for (std::size_t step = 0; step < 2000; ++step) {
+    auto& token = tokens[step % 8];
+    if (!token) {
+      std::erase_if(registered, [&](std::size_t i) { return i % 8 == step % 8; });
+      token = std::make_unique<OwnerToken>();
+    }
+    if (step % 3 == 0 || registered.size() < 4) {
+      add(*token, std::to_string(step));
+      registered.push_back(step);
+    }
+    if (random() % 4 == 0) endOne();
+    ASSERT_EQ(ring(), expected()) << step;
+    ASSERT_EQ(ring(Bells(bells)), expected()) << step;
+  }
+}
+
+TEST_F(SphereTest, aTokenThatEndsDuringAPassIsHeardOfAtOnce) {
+  auto first = std::make_unique<OwnerToken>();
+  auto second = std::make_unique<OwnerToken>();
+  OwnerToken third;
+  add(third, "1", [&] { second.reset(); });
+  add(*second, "2");
+  add(*first, "3");
+  EXPECT_EQ(ring(), (Texts{"1", "3"}));
+  // A life that someone holds lasts until it is let go.
+  auto life = Owner(*first).lock();
+  first.reset();
+  EXPECT_EQ(ring(), (Texts{"1", "3"}));
+  life.reset();
+  EXPECT_EQ(ring(), Texts{"1"});
+  // An owner that has ended before it is registered is never called.
+  auto late = std::make_unique<OwnerToken>();
+  const Owner ended(*late);
+  late.reset();
+  add(ended, "4");
+  EXPECT_EQ(ring(), Texts{"1"});
 }
 
 TEST(OwnerTest, identityIsThatOfTheObject) {

@@ -110,10 +110,10 @@ class ElementTable {
   void reserveOne() {
     if ((count_ + 1) * 8 > capacity_ * 7) grow(capacity_ * 2, extra_ + 2);
   }
-  /// Makes room for so many keys in all.
+  /// Makes room for so many keys in all, and for a third more.
   void reserve(Int count) {
     const auto wanted = static_cast<std::size_t>(count);
-    if (wanted * 8 > capacity_ * 7) grow(wanted + wanted / 4, extra_ + 2);
+    if (wanted * 8 > capacity_ * 7) grow(wanted + wanted / 2, extra_ + 2);
   }
 
   /// Where `key` stands or would go. Room for one key must have been made before.
