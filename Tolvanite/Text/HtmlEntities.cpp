@@ -60,7 +60,8 @@ class EntityTable {
   }
 
   constexpr Optional<char32_t> find(std::string_view name) const {
-    if (name.empty() || name.size() > longestName) return {};
+    // A zero byte at the front would be lost in the packed name.
+    if (name.empty() || name.size() > longestName || name.front() == '\0') return {};
     const std::uint64_t packed = packedName(name);
     for (std::size_t place = placeOf(packed); names_[place] != 0; place = (place + 1) % size) {
       if (names_[place] == packed) return characters_[place];
