@@ -39,8 +39,10 @@ TOLVANITE_EXPORT std::string tvStringByStrippingCharactersInSet(std::string_view
 TOLVANITE_EXPORT std::string tvStringByKeepingCharactersInSet(std::string_view text,
                                                               const CharacterSet& set);
 
-/// The text without the code points of the set at its two ends, as a view into the argument.
-TOLVANITE_EXPORT std::string_view trimmed(std::string_view text, const CharacterSet& set);
+/// The text without the code points of the set at its two ends, white space if no other is given,
+/// as a view into the argument.
+TOLVANITE_EXPORT std::string_view trimmed(
+    std::string_view text, const CharacterSet& set = CharacterSet::whitespacesAndNewlines());
 
 /// Whether the text has no code point but those of the set; true for an empty text.
 TOLVANITE_EXPORT bool containsOnlyCharacters(std::string_view text, const CharacterSet& in);

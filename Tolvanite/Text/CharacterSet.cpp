@@ -24,8 +24,9 @@ Ranges rangesOf(std::string_view characters) {
   return result;
 }
 
-// In ascending order, with those joined that overlap or touch.
+// In ascending order and up to the last code point, with those joined that overlap or touch.
 Ranges inOrder(Ranges ranges) {
+  for (CharacterSet::Range& range : ranges) range.last = std::min(range.last, lastCodePoint);
   std::erase_if(ranges, [](const CharacterSet::Range& range) { return range.last < range.first; });
   std::ranges::sort(ranges, {}, &CharacterSet::Range::first);
   Ranges result;

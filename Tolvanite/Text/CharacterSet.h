@@ -31,7 +31,8 @@ class TOLVANITE_EXPORT CharacterSet {
   CharacterSet() = default;
   /// The code points of a text.
   explicit CharacterSet(std::string_view characters);
-  /// The code points of the ranges, which may overlap; one that ends before it starts is empty.
+  /// The code points of the ranges, which may overlap; one that ends before it starts is empty, and
+  /// what lies above U+10FFFF is left out.
   CharacterSet(std::initializer_list<Range> ranges);
 
   /// Whether the code point is a member. Logarithmic in the number of ranges, and at once for

@@ -30,6 +30,8 @@ TEST(CharacterSetTest, membersAndAlgebra) {
   EXPECT_EQ(others.inverted(), joined);
   EXPECT_EQ(CharacterSet().inverted().ranges().front().last, 0x10FFFFU);
   EXPECT_TRUE(CharacterSet({{'b', 'a'}}).ranges().empty());
+  EXPECT_EQ(CharacterSet({{0x80, 0xFFFFFFFF}, {0x90, 0x110000}, {0x110000, 0x110001}}).inverted(),
+            CharacterSet({{0, 0x7F}}));
 }
 
 TEST(CharacterFilteringTest, replacesStripsAndTests) {
