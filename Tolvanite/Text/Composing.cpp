@@ -1,12 +1,14 @@
 #include <Tolvanite/Text/Composing.h>
 
 #include <charconv>
+#include <cstdlib>
 #include <utility>
 
 #include <fmt/printf.h>
 
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/Unicode.h>
+#include <Tolvanite/Text/Padding.h>
 
 namespace tolvanite {
 
@@ -49,6 +51,13 @@ Optional<Int> tvCount(const Optional<std::string>& text) {
 namespace {
 
 using Arguments = std::span<const detail::FormatArgument>;
+
+// What stands between "%" and the letter of a conversion, each empty when it isn't there.
+struct ConversionForm {
+  std::string flags, width, precision;  // The precision with its ".".
+
+  std::string printf(char kind) const { return "%" + flags + width + precision + kind; }
+};
 
 // Goes through a format once.
 class Formatter {
@@ -111,11 +120,14 @@ class Formatter {
     } else {
       place_ = start;
     }
-    std::string form = "%" + takeAll("-+ #0");
-    form += number();
+    ConversionForm form;
+    form.flags = takeAll("-+ #0");
+    form.width = number();
     if (peek() == '.') {
       ++place_;
-      form += '.' + number();
+      form.precision = '.' + number();
+      // None, as in printf.
+      if (form.precision.starts_with(".-")) form.precision.clear();
     }
     takeAll("hlqjztL");
     const char kind = peek();
@@ -123,11 +135,27 @@ class Formatter {
     return converted(form, kind, argument(isPlaced ? index - 1 : next_++));
   }
 
-  std::string converted(const std::string& form, char kind,
+  Int count(std::string_view digits) const {
+    int result = 0;
+    if (digits.empty()) return result;
+    const auto error = std::from_chars(digits.data(), digits.data() + digits.size(), result).ec;
+    if (error != std::errc()) fail("number is too big");
+    return result;
+  }
+
+  // Width and precision count user-perceived characters.
+  std::string convertedText(const ConversionForm& form, std::string_view whole) const {
+    std::string_view shown = whole;
+    if (!form.precision.empty()) shown = characterPrefix(whole, count(form.precision.substr(1)));
+    const Int width = count(form.width);
+    const bool isLeft = width < 0 || form.flags.find('-') != std::string::npos;
+    return tvStringPadToLength(shown, std::abs(width), " ", isLeft);
+  }
+
+  std::string converted(const ConversionForm& form, char kind,
                         const detail::FormatArgument& argument) const try {
     constexpr std::string_view floating = "eEfFgGaA", whole = "diuoxXc";
-    if (kind == '@' || kind == 's')
-      return fmt::sprintf(form + 's', argument.textForm(argument.source));
+    if (kind == '@' || kind == 's') return convertedText(form, argument.textForm(argument.source));
     const bool isFloating = floating.find(kind) != std::string_view::npos;
     if (!isFloating && whole.find(kind) == std::string_view::npos) {
       fail("there is no conversion \"" + std::string(1, kind) + "\"");
@@ -135,10 +163,10 @@ class Formatter {
     return std::visit(
         [&]<typename Value>(const Value& value) -> std::string {
           if constexpr (std::integral<Value>) {
-            if (isFloating) return fmt::sprintf(form + kind, static_cast<double>(value));
-            return fmt::sprintf(form + kind, value);
+            if (isFloating) return fmt::sprintf(form.printf(kind), static_cast<double>(value));
+            return fmt::sprintf(form.printf(kind), value);
           } else if constexpr (std::floating_point<Value>) {
-            if (isFloating) return fmt::sprintf(form + kind, value);
+            if (isFloating) return fmt::sprintf(form.printf(kind), value);
           }
           fail("\"" + std::string(1, kind) + "\" does not take " +
                argument.textForm(argument.source));

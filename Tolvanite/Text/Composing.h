@@ -96,8 +96,9 @@ struct FormatText {
 
 /// The format with its conversions replaced by the arguments. Conversions are those of `printf`,
 /// with flags, width, precision and positions ("%2$s"), and "%@" and "%s" for the text form of any
-/// value; what tells the size of an argument, as in "%ld", is skipped. A format that does not fit
-/// its arguments is fatal: "Format FORMAT: " and what is wrong.
+/// value, whose width and precision count user-perceived characters; what tells the size of an
+/// argument, as in "%ld", is skipped. A format that does not fit its arguments is fatal: "Format
+/// FORMAT: " and what is wrong.
 template <HasTextForm... Arguments>
 std::string withFormat(const detail::FormatText& format, const Arguments&... arguments) {
   const std::vector<detail::FormatArgument> all{detail::formatArgument(arguments)...};

@@ -39,6 +39,9 @@ TEST(ComposingTest, formats) {
             "[1, 2] " + textForm(1.0) + " true");
   EXPECT_EQ(withFormat("%2$s %1$ld", 1L, "x") + withFormat("%*d", 3, 9), "x 1  9");
   EXPECT_EQ(withFormat("%.1f %lld", 3, Int{1} << 62), "3.0 4611686018427387904");
+  EXPECT_EQ(withFormat("%4s|%-3@|%.2s|%2.1s|%*s|%.*s", "e\u0301", "🇩🇪",
+                       "👩‍👩‍👧\xf0\x9f!", "中x", -3, "\xff", -1, "abc"),
+            "   e\u0301|🇩🇪  |👩‍👩‍👧\xf0\x9f| 中|\xff  |abc");
   EXPECT_EQ(withFormat("none", 1), "none");
   EXPECT_DEATH(withFormat("%d %d", 1),
                "Fatal error: Format %d %d: an argument is missing: file "
@@ -46,6 +49,7 @@ TEST(ComposingTest, formats) {
   EXPECT_DEATH(withFormat("%d", "x"), "Format %d: \"d\" does not take x");
   EXPECT_DEATH(withFormat("50%", 1), "Format 50%: there is no conversion");
   EXPECT_DEATH(withFormat("%0$d", 1), "positions start at 1");
+  EXPECT_DEATH(withFormat("%99999999999s", 1), "Format %99999999999s: number is too big");
 }
 
 TEST(ReplacingTest, replacesFromLeftToRight) {
