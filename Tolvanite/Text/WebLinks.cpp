@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include <unicode/uchar.h>
+
 #include <Tolvanite/Frame/Unicode.h>
 #include <Tolvanite/Frame/detail/CodePoints.h>
 #include <Tolvanite/Frame/detail/PercentEncoding.h>
@@ -25,12 +27,14 @@ constexpr std::string_view webEndings =
     " lb lc li lk lr ls lt lu lv ly ma mc mg mh mm mn mo mp mq mr mu mv mw mx my mz na nc ne nf ng"
     " ni nl no np nr nu nz om pa pe pf pg ph pk pm pn pr pt pw py qa re ro ru rw sa sb sc sd se sg"
     " si sj sk sl sm sn so sr st sv sx sy sz tc td tf tg th tj tk tl tm tn to tr tt tv tw tz ua ug"
-    " uk us uy uz va vc vg vi vn vu wf ws ye yt za zm zw ";
+    " uk us uy uz va vc vg vi vn vu wf ws ye yt za zm zw бг бел ею қаз мкд мон рф срб укр ελ ευ ";
 
-// The same for those that are also endings of files, or of words run together.
+// The same for those that are also endings of files, or members in source code.
 constexpr std::string_view doubtfulEndings =
-    " md ml mk ms mt py pl ps rs sh cc gl id int name as in is it no so st to am at be do me my us "
-    "va ";
+    " md ml mk ms mt py pl ps rs sh cc gl id int name as in is so st to am do my va ";
+
+// Those that are also words, and so begin a sentence when a blank is missing: "We left.No".
+constexpr std::string_view wordEndings = " at be it me no us ";
 
 bool isListed(std::string_view list, std::string_view word) {
   return list.find(" " + std::string(word) + " ") != std::string_view::npos;
@@ -43,16 +47,23 @@ bool isHostLetter(std::int32_t codePoint) {
          (codePoint >= 0x370 && codePoint <= 0x6FF) || (codePoint >= 0x1E00 && codePoint < 0x2000);
 }
 
-// The end of the characters at `position` that a host can have. With `isWord` "." is one of them.
-std::size_t hostRunEnd(std::string_view text, std::size_t position) {
+// The end of the characters at `position` that a host can have, with "." among them. `behindScheme`
+// letters of any alphabet are, but those that no blank sets apart only in labels that begin so.
+std::size_t hostRunEnd(std::string_view text, std::size_t position, bool behindScheme = false) {
+  bool startsLabel = true, isAnyLetter = false;
   while (position < text.size()) {
     const char byte = text[position];
     std::size_t next = position;
     const std::int32_t codePoint = detail::readCodePointInline(text, next);
-    const bool isPart = codePoint < 0x80 ? detail::isAsciiLetterOrDigit(byte) || byte == '-' ||
-                                               byte == '.' || byte == '_'
-                                         : isHostLetter(codePoint);
-    if (!isPart || codePoint == detail::malformed) break;
+    if (codePoint < 0x80) {
+      if (codePoint == detail::malformed) break;
+      if (!detail::isAsciiLetterOrDigit(byte) && byte != '-' && byte != '.' && byte != '_') break;
+    } else if (!isHostLetter(codePoint)) {
+      if (startsLabel) isAnyLetter = behindScheme;
+      if (!isAnyLetter || !u_hasBinaryProperty(codePoint, UCHAR_XID_CONTINUE)) break;
+    }
+    startsLabel = byte == '.';
+    if (startsLabel) isAnyLetter = false;
     position = next;
   }
   return position;
@@ -61,13 +72,20 @@ std::size_t hostRunEnd(std::string_view text, std::size_t position) {
 // What can't stand in a link, or not behind the host.
 const CharacterSet& endOfLink() {
   static const CharacterSet set =
-      CharacterSet("<>\"`{}|\\^«»‹›“”‘’„‚、。〈〉《》「」『』【】！（），：；？") |
-      CharacterSet{{0, U' '}, {0x7F, 0x9F}} | CharacterSet::whitespacesAndNewlines();
+      CharacterSet("<>\"`{}|\\^«»‹›“”‘’„‚—、。〈〉《》「」『』【】！（），：；？") |
+      CharacterSet{{0, U' '},        {0x7F, 0x9F},     {0x200B, 0x200B}, {0x200E, 0x200F},
+                   {0x202A, 0x202E}, {0x2060, 0x2060}, {0x2066, 0x2069}, {0xFEFF, 0xFEFF}} |
+      CharacterSet::whitespacesAndNewlines();
   return set;
 }
 
-// The end of port, path, query and fragment from `position` on: where white space or the like
-// stands, or a bracket is closed that was not opened, without the punctuation before it.
+bool startsLink(std::string_view text) {
+  return text.starts_with("http://") || text.starts_with("https://");
+}
+
+// The end of port, path, query and fragment from `start` on: where white space or the like stands,
+// the next link of a list begins, or a bracket is closed that was not opened, without the
+// punctuation before it.
 std::size_t linkEnd(std::string_view text, const std::size_t start) {
   constexpr std::string_view opening = "([", closing = ")]";
   std::string open;
@@ -88,6 +106,7 @@ std::size_t linkEnd(std::string_view text, const std::size_t start) {
     }
     constexpr std::int32_t ellipsis = 0x2026;
     if (codePoint == ellipsis) continue;
+    if ((byte == ',' || byte == ';') && startsLink(text.substr(position))) break;
     if (std::string_view(".,;:!?'*_~").find(byte) == std::string_view::npos) end = position;
   }
   return end;
@@ -146,10 +165,10 @@ class LinkFinder {
     const std::string scheme = lowercased(word.substr(schemeStart));
     if (scheme != "http" && scheme != "https") return 0;
     std::size_t hostStart = end + 3;
-    std::size_t hostEnd = hostRunEnd(text_, hostStart);
+    std::size_t hostEnd = hostRunEnd(text_, hostStart, true);
     if (byteAt(hostEnd) == '@' || (byteAt(hostEnd) == ':' && userEnd(hostEnd) != 0)) {
       hostStart = (byteAt(hostEnd) == '@' ? hostEnd : userEnd(hostEnd)) + 1;
-      hostEnd = hostRunEnd(text_, hostStart);
+      hostEnd = hostRunEnd(text_, hostStart, true);
     }
     if (byteAt(hostStart) == '[') {
       hostEnd = text_.find_first_not_of("0123456789abcdefABCDEF:.", hostStart + 1);
@@ -202,10 +221,16 @@ class LinkFinder {
     const std::size_t dot = host.rfind('.');
     if (dot == std::string::npos || !isHost(host)) return 0;
     const std::string ending = host.substr(dot + 1);
+    const bool isLowercase = text_.substr(start, hostEnd - start).ends_with(ending);
     const bool hasPath = hostEnd == end && byteAt(end) == '/';
     const bool isNamed = host.starts_with("www.") && host.find('.') != dot;
-    if (!isNamed && isListed(doubtfulEndings, ending) && !hasPath) return 0;
-    if (!isNamed && !isListed(webEndings, ending) && !isListed(doubtfulEndings, ending)) return 0;
+    if (!isNamed) {
+      const bool isDoubtful = isListed(doubtfulEndings, ending);
+      const bool isWord = isListed(wordEndings, ending);
+      if (!isDoubtful && !isWord && !isListed(webEndings, ending)) return 0;
+      const bool isSure = isWord ? isLowercase && byteAt(end) != '(' : !isDoubtful;
+      if (!isSure && !hasPath) return 0;
+    }
     position_ = start;
     return restEnd(hostEnd);
   }

@@ -34,10 +34,12 @@ struct WebLink {
 /// - "http://" or "https://", in any case, with a host behind it,
 /// - "www." with a domain behind it,
 /// - a domain alone whose last label is one that the web uses, as "example.org". Endings that files
-///   have too, as in "notes.md", are taken for one only when a "/" follows.
+///   have too, as in "notes.md", are taken for one only when a "/" follows; so are those that are
+///   words when they are capitalized, as in "We left.No".
 ///
-/// A link goes on with port, path, query and fragment, up to white space, a quotation mark, "<" or
-/// ">", or a closing bracket that it did not open; punctuation at its end belongs to the sentence.
+/// A link goes on with port, path, query and fragment, up to white space, a quotation mark, a long
+/// dash, "<" or ">", a closing bracket that it did not open, or a "," or ";" before another
+/// "http://" or "https://"; punctuation at its end belongs to the sentence.
 /// Mail addresses are no links, and neither are parts of words or of paths. Linear in the text.
 TOLVANITE_EXPORT std::vector<WebLink> webLinks(std::string_view text);
 

@@ -29,8 +29,16 @@ TEST(WebLinksTest, asAReaderSeesThem) {
             {"http://notes.md/wiki"}},
            {"me@example.org, example.org@x, a/example.org, ftp://example.org, .example.org", {}},
            {"http:// http://. http://-a-.org xhttp://a.org/ www.", {}},
-           {"看http://例.cn和https://zh.example.org/wiki/中文。",
-            {"https://zh.example.org/wiki/中文"}},
+           {"看http://例え.cn和https://zh.example.org/wiki/中文。 http://हिन्दी.भारत/ "
+            "http://go例.cn",
+            {"http://例え.cn", "https://zh.example.org/wiki/中文", "http://हिन्दी.भारत/",
+             "http://go"}},
+           {"corriere.it, t.me/x. We left.No пример.рф! v.at(3)",
+            {"http://corriere.it", "http://t.me/x", "http://пример.рф"}},
+           {"http://a.org/x,https://b.org/y;http://c.org/z—and http://d.org/https://e.org/,",
+            {"http://a.org/x", "https://b.org/y", "http://c.org/z", "http://d.org/https://e.org/"}},
+           {"\u2066https://a.org/x\u2069 https://b.org/می\u200cخواهم\u200b",
+            {"https://a.org/x", "https://b.org/می\u200cخواهم"}},
            {"http://a.org/\xff http://b.org\xc3<http://c.org>",
             {"http://a.org/", "http://b.org", "http://c.org"}},
            {"", {}}}) {
