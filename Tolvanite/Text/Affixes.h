@@ -5,6 +5,8 @@
 //   ensuringSuffix("notes", ".txt")              "notes.txt"
 //   capitalizingFirstLetter("élan")              "Élan"
 //   hasCommonPrefix("notebook", "notes")         "note", with "book" and "s" left over
+//
+// Whether an affix is there is told byte for byte.
 #pragma once
 
 #include <string>

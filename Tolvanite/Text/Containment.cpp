@@ -1,5 +1,7 @@
 #include <Tolvanite/Text/Containment.h>
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -28,11 +30,14 @@ void requireSuccess(UErrorCode status) {
 }
 
 // Accents, tone marks and vowel points; but no signs that make another letter, whose combining
-// classes are lower: nuktas, the voicing marks of kana, viramas.
+// classes are lower (nuktas, the voicing marks of kana, viramas), nor the vowels of Telugu, Thai,
+// Lao and Tibetan that are written above or below a letter.
 bool isDiacritic(UChar32 codePoint) {
   constexpr int lastOfLetters = 9;
-  return u_charType(codePoint) == U_NON_SPACING_MARK &&
-         u_getCombiningClass(codePoint) > lastOfLetters;
+  constexpr std::array<int, 7> vowels{84, 91, 103, 118, 129, 130, 132};
+  const int combiningClass = u_getCombiningClass(codePoint);
+  return u_charType(codePoint) == U_NON_SPACING_MARK && combiningClass > lastOfLetters &&
+         std::ranges::find(vowels, combiningClass) == vowels.end();
 }
 
 icu::UnicodeString withoutDiacritics(const icu::UnicodeString& decomposed) {

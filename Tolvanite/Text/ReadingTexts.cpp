@@ -1,5 +1,7 @@
 #include <Tolvanite/Text/ReadingTexts.h>
 
+#include <cmath>
+
 #include <Tolvanite/Frame/Unicode.h>
 #include <Tolvanite/Text/QInt128.h>
 #include <Tolvanite/Text/detail/WholeNumber.h>
@@ -20,7 +22,12 @@ Optional<Number> numberIn(std::string_view text) {
 
 }  // namespace
 
-Optional<double> tvDouble(std::string_view text) { return numberIn<double>(text); }
+Optional<double> tvDouble(std::string_view text) {
+  // The standard library reads "inf" and "nan" too.
+  const Optional<double> number = numberIn<double>(text);
+  if (number && !std::isfinite(*number)) return {};
+  return number;
+}
 
 Optional<double> makeDouble(std::string_view text) { return tvDouble(text); }
 

@@ -13,8 +13,9 @@
 
 namespace tolvanite {
 
-/// The decimal number that the whole text is, with or without a sign; absent when it is none, or
-/// one beyond the range of the type. A number with a fraction has a "." whatever the language.
+/// The decimal number that the whole text is, with or without a sign; absent when it is none, as
+/// "nan" and "inf", or one beyond the range of the type. A number with a fraction has a "."
+/// whatever the language.
 /// @{
 TOLVANITE_EXPORT Optional<double> tvDouble(std::string_view text);
 TOLVANITE_EXPORT Optional<double> makeDouble(std::string_view text);

@@ -44,7 +44,8 @@ TOLVANITE_EXPORT std::vector<std::string> componentsSeparatedByKeeping(std::stri
 TOLVANITE_EXPORT std::vector<std::string> componentsSeparatedByStringTrimmed(
     std::string_view text, std::string_view separator, const CharacterSet& set);
 
-/// The components between "◊", ",", blanks, ", " and line feeds.
+/// The components between "◊", ",", blanks, ", " and line feeds. A carriage return before a line
+/// feed stays with its line.
 /// @{
 TOLVANITE_EXPORT std::vector<std::string> componentsByD(std::string_view text);
 TOLVANITE_EXPORT std::vector<std::string> componentsByC(std::string_view text);

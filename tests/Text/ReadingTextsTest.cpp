@@ -23,7 +23,7 @@ TEST(ReadingTextsTest, numbers) {
        {"", "+", "+-1", "--1", " 1", "1 ", "0x1", "1_0", "9223372036854775808", "1.5"}) {
     EXPECT_EQ(tvInt(none), std::nullopt) << none;
   }
-  for (const auto* none : {"", "1,5", "1.5 ", "1e999", "+-1", "e"}) {
+  for (const auto* none : {"", "1,5", "1.5 ", "1e999", "+-1", "e", "nan", "NaN(1)", "-inf"}) {
     EXPECT_EQ(tvDouble(none), std::nullopt) << none;
   }
 }
@@ -57,6 +57,8 @@ TEST(ContainmentTest, caseAndDiacritics) {
                                          {"Cafe\u0301", "é", true, true, true, true},
                                          {"Straße", "STRASSE", false, true, false, true},
                                          {"ガ", "カ", false, false, false, false},
+                                         {"ปู่", "ปุ", false, false, false, false},
+                                         {"שָׁלוֹם", "שלום", false, false, true, true},
                                          {"x\xffÉ", "\xffÉ", true, true, true, true},
                                          {"\xffÉ", "\xfe", false, false, false, false},
                                          {"é", "", true, true, true, true},
