@@ -10,6 +10,7 @@
 #include <Tolvanite/Frame/detail/CodePoints.h>
 #include <Tolvanite/Frame/detail/PercentEncoding.h>
 #include <Tolvanite/Text/CharacterSet.h>
+#include <Tolvanite/Text/detail/TextSearch.h>
 
 namespace tolvanite {
 
@@ -37,7 +38,7 @@ constexpr std::string_view doubtfulEndings =
 constexpr std::string_view wordEndings = " at be it me no us ";
 
 bool isListed(std::string_view list, std::string_view word) {
-  return list.find(" " + std::string(word) + " ") != std::string_view::npos;
+  return detail::findText(list, " " + std::string(word) + " ") != std::string_view::npos;
 }
 
 // Letters beyond ASCII that names of hosts are made of, of alphabets that set words apart by
