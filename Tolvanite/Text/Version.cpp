@@ -46,17 +46,19 @@ char* writeNumber(char* out, Int number) {
   return out;
 }
 
-// Splits at dots, empty pieces included.
-void appendIdentifiers(std::string_view text, std::vector<std::string>& result) {
-  result.reserve(static_cast<std::size_t>(std::ranges::count(text, '.')) + 1);
-  const char* start = text.data();
-  const char* const end = start + text.size();
-  while (true) {
-    const char* const dot = std::find(start, end, '.');
-    result.emplace_back(start, dot);
-    if (dot == end) return;
-    start = dot + 1;
+// Splits at dots up to a "+", empty pieces included; gives the place of the "+" or the end.
+const char* readIdentifiers(const char* start, const char* end, std::vector<std::string>& result) {
+  std::size_t count = 1;
+  const char* last = start;
+  for (; last != end && *last != '+'; ++last) count += *last == '.' ? 1 : 0;
+  result.reserve(count);
+  for (const char* at = start; at != last; ++at) {
+    if (*at != '.') continue;
+    result.emplace_back(start, at);
+    start = at + 1;
   }
+  result.emplace_back(start, last);
+  return last;
 }
 
 // A decimal integer of any size: its sign and its digits without leading zeros, none for 0.
@@ -91,16 +93,18 @@ std::strong_ordering orderOf(std::string_view a, std::string_view b) noexcept {
 
 }  // namespace
 
+constinit const Version::Texts Version::noTexts{};
+
 Version::Version(Int major, Int minor, Int patch, std::vector<std::string> prereleaseIdentifiers,
                  Optional<std::string> buildMetadataIdentifier, std::source_location location)
-    : major_(major),
-      minor_(minor),
-      patch_(patch),
-      prereleaseIdentifiers_(std::move(prereleaseIdentifiers)),
-      buildMetadataIdentifier_(std::move(buildMetadataIdentifier)) {
-  if (major >= 0 && minor >= 0 && patch >= 0) return;
-  fatalFailure(fmt::format("Version({}, {}, {}) has a negative number", major, minor, patch),
-               location);
+    : major_(major), minor_(minor), patch_(patch) {
+  if (major < 0 || minor < 0 || patch < 0) {
+    fatalFailure(fmt::format("Version({}, {}, {}) has a negative number", major, minor, patch),
+                 location);
+  }
+  if (prereleaseIdentifiers.empty() && !buildMetadataIdentifier) return;
+  texts_ = std::make_shared<const Texts>(
+      Texts{std::move(prereleaseIdentifiers), std::move(buildMetadataIdentifier)});
 }
 
 Optional<Version> Version::fromText(std::string_view text) {
@@ -113,22 +117,22 @@ Optional<Version> Version::fromText(std::string_view text) {
   if (minor < 0 || position == end || *position++ != '.') return result;
   const Int patch = readNumber(position, end);
   if (patch < 0) return result;
-  std::string_view rest(position, static_cast<std::size_t>(end - position));
-  if (!rest.empty() && rest.front() != '-' && rest.front() != '+') return result;
-  // The first "-" ends the numbers, deliberately even where it stands in the metadata.
-  if (rest.starts_with('+') && rest.find('-') != std::string_view::npos) return result;
+  if (position != end && *position != '-') {
+    // The first "-" ends the numbers, deliberately even where it stands in the metadata.
+    if (*position != '+' || std::find(position, end, '-') != end) return result;
+  }
 
   Version& version = result.emplace();
   version.major_ = major;
   version.minor_ = minor;
   version.patch_ = patch;
-  if (rest.empty()) return result;
-  const std::size_t plus = rest.find('+');
-  if (plus != std::string_view::npos) {
-    version.buildMetadataIdentifier_.emplace(rest.substr(plus + 1));
-    rest = rest.substr(0, plus);
+  if (position == end) return result;
+  auto texts = std::make_shared<Texts>();
+  if (*position == '-') {
+    position = readIdentifiers(position + 1, end, texts->prereleaseIdentifiers);
   }
-  if (!rest.empty()) appendIdentifiers(rest.substr(1), version.prereleaseIdentifiers_);
+  if (position != end) texts->buildMetadataIdentifier.emplace(position + 1, end);
+  version.texts_ = std::move(texts);
   return result;
 }
 
@@ -151,20 +155,21 @@ std::string Version::description() const {
   *out++ = '.';
   out = writeNumber(out, patch_);
   std::string result(numbers.data(), out);
-  if (prereleaseIdentifiers_.empty() && !buildMetadataIdentifier_) return result;
+  if (!texts_) return result;
 
-  std::size_t size = result.size() + prereleaseIdentifiers_.size();
-  for (const std::string& identifier : prereleaseIdentifiers_) size += identifier.size();
-  if (buildMetadataIdentifier_) size += 1 + buildMetadataIdentifier_->size();
+  const auto& [identifiers, metadata] = *texts_;
+  std::size_t size = result.size() + identifiers.size();
+  for (const std::string& identifier : identifiers) size += identifier.size();
+  if (metadata) size += 1 + metadata->size();
   result.reserve(size);
-  for (char separator = '-'; const std::string& identifier : prereleaseIdentifiers_) {
+  for (char separator = '-'; const std::string& identifier : identifiers) {
     result += separator;
     result += identifier;
     separator = '.';
   }
-  if (buildMetadataIdentifier_) {
+  if (metadata) {
     result += '+';
-    result += *buildMetadataIdentifier_;
+    result += *metadata;
   }
   return result;
 }
@@ -176,17 +181,23 @@ Int Version::hashValue() const noexcept {
   mix(static_cast<std::uint64_t>(major_));
   mix(static_cast<std::uint64_t>(minor_));
   mix(static_cast<std::uint64_t>(patch_));
-  for (const std::string& identifier : prereleaseIdentifiers_) mix(hashOfText(identifier));
-  if (buildMetadataIdentifier_) mix(hashOfText(*buildMetadataIdentifier_));
+  const auto& [identifiers, metadata] = texts();
+  for (const std::string& identifier : identifiers) mix(hashOfText(identifier));
+  if (metadata) mix(hashOfText(*metadata));
   return static_cast<Int>(result);
+}
+
+bool operator==(const Version& a, const Version& b) noexcept {
+  return a.major_ == b.major_ && a.minor_ == b.minor_ && a.patch_ == b.patch_ &&
+         (a.texts_ == b.texts_ || a.texts() == b.texts());
 }
 
 std::partial_ordering operator<=>(const Version& a, const Version& b) noexcept {
   if (const auto order = a.major_ <=> b.major_; order != 0) return order;
   if (const auto order = a.minor_ <=> b.minor_; order != 0) return order;
   if (const auto order = a.patch_ <=> b.patch_; order != 0) return order;
-  const auto& left = a.prereleaseIdentifiers_;
-  const auto& right = b.prereleaseIdentifiers_;
+  const auto& left = a.prereleaseIdentifiers();
+  const auto& right = b.prereleaseIdentifiers();
   if (left.empty() || right.empty()) return left.empty() <=> right.empty();
   const auto [first, second] = std::ranges::mismatch(left, right);
   if (first == left.end() || second == right.end()) return left.size() <=> right.size();

@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <source_location>
 #include <string>
 #include <string_view>
@@ -52,11 +53,11 @@ class TOLVANITE_EXPORT Version {
   /// @}
   /// What stands between the dots behind the "-"; empty for a release.
   const std::vector<std::string>& prereleaseIdentifiers() const noexcept {
-    return prereleaseIdentifiers_;
+    return texts().prereleaseIdentifiers;
   }
   /// What stands behind the "+", dots included.
   const Optional<std::string>& buildMetadataIdentifier() const noexcept {
-    return buildMetadataIdentifier_;
+    return texts().buildMetadataIdentifier;
   }
 
   /// The release with the next patch number. One beyond the largest `Int` is fatal.
@@ -73,7 +74,7 @@ class TOLVANITE_EXPORT Version {
   Int hashValue() const noexcept;
 
   /// Whether all parts are the same texts and numbers.
-  friend bool operator==(const Version&, const Version&) noexcept = default;
+  friend TOLVANITE_EXPORT bool operator==(const Version& a, const Version& b) noexcept;
   /// By the three numbers; then a prerelease stands below the release; then the first pair of
   /// identifiers that are not the same text decides: numbers, which may have any number of digits
   /// and a "-", by their value and below texts, texts by their bytes; then fewer identifiers stand
@@ -87,11 +88,23 @@ class TOLVANITE_EXPORT Version {
   friend TOLVANITE_EXPORT std::ostream& operator<<(std::ostream& out, const Version& version);
 
  private:
+  struct Texts {
+    std::vector<std::string> prereleaseIdentifiers;
+    Optional<std::string> buildMetadataIdentifier;
+
+    friend bool operator==(const Texts&, const Texts&) = default;
+  };
+
+  const Texts& texts() const noexcept { return texts_ ? *texts_ : noTexts; }
+
+  static const Texts noTexts;
+
   Int major_ = 0;
   Int minor_ = 0;
   Int patch_ = 0;
-  std::vector<std::string> prereleaseIdentifiers_;
-  Optional<std::string> buildMetadataIdentifier_;
+  // What follows the numbers, shared between copies. Absent where nothing does: most versions are
+  // three numbers, which are quick to make and to move.
+  std::shared_ptr<const Texts> texts_;
 };
 
 }  // namespace tolvanite
