@@ -15,7 +15,6 @@
 #include <functional>
 #include <initializer_list>
 #include <iosfwd>
-#include <iterator>
 #include <ranges>
 #include <source_location>
 #include <string>
@@ -24,6 +23,7 @@
 #include <vector>
 
 #include <Tolvanite/DataStructures/detail/BitWords.h>
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 #include <Tolvanite/Frame/Fatal.h>
 #include <Tolvanite/Frame/Integers.h>
 #include <Tolvanite/Frame/Optional.h>
@@ -39,8 +39,11 @@ class TOLVANITE_EXPORT BitArray {
   /// What a place of an array that can be written to gives: it reads and assigns as a bool does.
   using Reference = detail::BitReference<BitArray>;
   class Iterator;
+  /// As the standard library calls it: bits are changed by index only.
+  /// @{
   using iterator = Iterator;
   using const_iterator = Iterator;
+  /// @}
 
   /// Without bits.
   BitArray() = default;
@@ -97,6 +100,8 @@ class TOLVANITE_EXPORT BitArray {
   BitArray& operator=(const BitArray&) = default;
   ~BitArray() = default;
 
+  /// Exchanges the contents of two arrays. Constant.
+  /// @{
   void swap(BitArray& other) noexcept {
     std::swap(count_, other.count_);
     std::swap(lastWord_, other.lastWord_);
@@ -104,6 +109,7 @@ class TOLVANITE_EXPORT BitArray {
     fullWords_.swap(other.fullWords_);
   }
   friend void swap(BitArray& a, BitArray& b) noexcept { a.swap(b); }
+  /// @}
 
   /// The number of bits, whether there are none, and how many of them are 1. Constant.
   /// @{
@@ -242,33 +248,18 @@ class TOLVANITE_EXPORT BitArray {
 };
 
 /// Goes over the bits of a BitArray.
-class BitArray::Iterator {
+class BitArray::Iterator : public detail::ConstRandomAccessIterator<Iterator, bool, bool> {
  public:
-  using value_type = bool;
-  using difference_type = std::ptrdiff_t;
-  using reference = bool;
-  using pointer = void;
-  using iterator_category = std::input_iterator_tag;
-  using iterator_concept = std::random_access_iterator_tag;
-
   /// Of no array.
   Iterator() = default;
+  /// At an index of the array, or at its end.
   Iterator(const BitArray* array, Int index) : array_(array), index_(index) {}
 
   bool operator*() const { return array_->bitAt(index_); }
-  bool operator[](difference_type offset) const { return *(*this + offset); }
   Iterator& operator+=(difference_type offset) {
     index_ += offset;
     return *this;
   }
-  Iterator& operator-=(difference_type offset) { return *this += -offset; }
-  Iterator& operator++() { return *this += 1; }
-  Iterator& operator--() { return *this += -1; }
-  Iterator operator++(int) { return std::exchange(*this, *this + 1); }
-  Iterator operator--(int) { return std::exchange(*this, *this - 1); }
-  friend Iterator operator+(Iterator a, difference_type offset) { return a += offset; }
-  friend Iterator operator+(difference_type offset, Iterator a) { return a += offset; }
-  friend Iterator operator-(Iterator a, difference_type offset) { return a -= offset; }
   friend difference_type operator-(const Iterator& a, const Iterator& b) {
     return a.index_ - b.index_;
   }

@@ -44,8 +44,11 @@ class TOLVANITE_EXPORT BitSet {
 
   /// Neighbouring bits of one value, from `first` to `last`, both included.
   struct TOLVANITE_EXPORT Run {
+    /// What all of them are.
     bool bit = false;
+    /// The index of the lowest.
     Int first = 0;
+    /// The index of the highest.
     Int last = 0;
 
     /// "(true, 1...2)".
@@ -92,11 +95,14 @@ class TOLVANITE_EXPORT BitSet {
   /// @}
   ~BitSet() = default;
 
+  /// Exchanges the contents of two sets, sizes included. Constant.
+  /// @{
   void swap(BitSet& other) noexcept {
     std::swap(size_, other.size_);
     words_.swap(other.words_);
   }
   friend void swap(BitSet& a, BitSet& b) noexcept { a.swap(b); }
+  /// @}
 
   /// The number of bits, 0 or 1.
   Int size() const noexcept { return size_; }

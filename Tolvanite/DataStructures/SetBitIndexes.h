@@ -5,13 +5,11 @@
 #pragma once
 
 #include <bit>
-#include <compare>
-#include <cstddef>
-#include <iterator>
 #include <ranges>
 #include <span>
 
 #include <Tolvanite/DataStructures/detail/BitWords.h>
+#include <Tolvanite/DataStructures/detail/IteratorParts.h>
 #include <Tolvanite/Frame/Types.h>
 
 namespace tolvanite {
@@ -21,17 +19,13 @@ namespace tolvanite {
 class SetBitIndexes : public std::ranges::view_interface<SetBitIndexes> {
  public:
   /// Goes from set bit to set bit.
-  class Iterator {
+  class Iterator : public detail::ConstIterator<Iterator, Int, Int> {
    public:
-    using value_type = Int;
-    using difference_type = std::ptrdiff_t;
-    using reference = Int;
-    using pointer = void;
-    using iterator_category = std::input_iterator_tag;
-    using iterator_concept = std::forward_iterator_tag;
+    using detail::ConstIterator<Iterator, Int, Int>::operator++;
 
     /// Of no container.
     Iterator() = default;
+    /// At the first set bit from a word on, up to the end of the words.
     Iterator(const detail::BitWord* word, const detail::BitWord* end) : word_(word), end_(end) {
       if (word_ == end_) return;
       rest_ = *word_;
@@ -43,11 +37,6 @@ class SetBitIndexes : public std::ranges::view_interface<SetBitIndexes> {
       rest_ &= rest_ - 1;
       skipZeros();
       return *this;
-    }
-    Iterator operator++(int) {
-      const Iterator before = *this;
-      ++*this;
-      return before;
     }
     friend bool operator==(const Iterator& a, const Iterator& b) {
       return a.rest_ == b.rest_ && a.word_ == b.word_;
@@ -68,13 +57,17 @@ class SetBitIndexes : public std::ranges::view_interface<SetBitIndexes> {
     Int base_ = 0;              // the index of the lowest bit of *word_
   };
 
+  /// Of the words of a container.
   explicit SetBitIndexes(std::span<const detail::BitWord> words) : words_(words) {}
 
+  /// From the lowest set bit on, to behind the highest.
+  /// @{
   Iterator begin() const { return {words_.data(), words_.data() + words_.size()}; }
   Iterator end() const {
     const auto* const last = words_.data() + words_.size();
     return {last, last};
   }
+  /// @}
 
  private:
   std::span<const detail::BitWord> words_;

@@ -43,6 +43,7 @@ class TOLVANITE_EXPORT DateFormatter {
   const std::string& formatString() const noexcept;
   /// The name of the locale, empty for the process's.
   const std::string& locale() const noexcept;
+  /// The time zone.
   const TimeZone& timeZone() const noexcept;
 
   /// The text of a time, which is rounded to the nearest millisecond first. A time that no calendar

@@ -77,6 +77,7 @@ constexpr RegexMatchOptions operator&(RegexMatchOptions a, RegexMatchOptions b) 
 /// A pattern that does not compile, or whose search had to be stopped.
 class TOLVANITE_EXPORT RegexError : public Error {
  public:
+  /// From its text, and what `pattern` and `offset` are to give.
   RegexError(std::string description, std::string pattern, Int offset)
       : Error(std::move(description)), pattern_(std::move(pattern)), offset_(offset) {}
   RegexError(const RegexError&) = default;

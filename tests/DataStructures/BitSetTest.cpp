@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <bitset>
+#include <cstddef>
+#include <limits>
 #include <ranges>
 #include <sstream>
 #include <string>
@@ -21,6 +23,8 @@ using namespace tolvanite;
 using ::testing::ElementsAre;
 
 static_assert(std::ranges::forward_range<SetBitIndexes>);
+static_assert(detail::wordsFor(std::numeric_limits<Int>::max()) == std::size_t{1} << 57,
+              "no overflow");
 
 std::vector<bool> bitsOfSize(Int size) {
   return *rc::gen::container<std::vector<bool>>(static_cast<std::size_t>(size),

@@ -19,7 +19,7 @@ inline constexpr Int bitsOfWord = 64;
 
 constexpr std::size_t wordOf(Int index) { return static_cast<std::size_t>(index / bitsOfWord); }
 constexpr BitWord maskOf(Int index) { return BitWord{1} << (index % bitsOfWord); }
-constexpr std::size_t wordsFor(Int bits) { return wordOf(bits + bitsOfWord - 1); }
+constexpr std::size_t wordsFor(Int bits) { return wordOf(bits) + (bits % bitsOfWord != 0 ? 1 : 0); }
 
 /// All ones in the lowest `bits % 64` bits; in the whole word for a multiple of 64.
 constexpr BitWord lastWordMask(Int bits) {

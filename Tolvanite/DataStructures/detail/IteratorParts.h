@@ -1,23 +1,37 @@
-// The parts of iterators over constant elements that follow from a few steps of each.
+// The parts of iterators over constant elements that follow from a few steps of each. `Reference`
+// is what their `operator*` gives: T itself where there are no elements to point at.
 #pragma once
 
 #include <cstddef>
 #include <iterator>
+#include <type_traits>
 
 namespace tolvanite::detail {
 
-/// The root of an `Iterator` over elements of T that has `operator*`, the prefix `operator++` and
-/// `==`; it is to write `using ConstIterator<...>::operator++`.
-template <typename Iterator, typename T>
-class ConstIterator {
- public:
+/// The types that tell what an iterator is. One that gives its elements by value is of the category
+/// `Concept` in the terms of ranges only.
+template <typename T, typename Reference, typename Concept>
+struct IteratorTypes {
+  static constexpr bool pointsAtElements = std::is_reference_v<Reference>;
+
   using value_type = T;
   using difference_type = std::ptrdiff_t;
-  using reference = const T&;
-  using pointer = const T*;
-  using iterator_category = std::forward_iterator_tag;
+  using reference = Reference;
+  using pointer = std::conditional_t<pointsAtElements, const T*, void>;
+  using iterator_concept = Concept;
+  using iterator_category = std::conditional_t<pointsAtElements, Concept, std::input_iterator_tag>;
+};
 
-  pointer operator->() const { return &*static_cast<const Iterator&>(*this); }
+/// The root of an `Iterator` over elements of T that has `operator*`, the prefix `operator++` and
+/// `==`; it is to write `using ConstIterator<...>::operator++`.
+template <typename Iterator, typename T, typename Reference = const T&>
+class ConstIterator : public IteratorTypes<T, Reference, std::forward_iterator_tag> {
+ public:
+  const T* operator->() const
+    requires std::is_reference_v<Reference>
+  {
+    return &*static_cast<const Iterator&>(*this);
+  }
   Iterator operator++(int) {
     auto& self = static_cast<Iterator&>(*this);
     Iterator before = self;
@@ -28,17 +42,18 @@ class ConstIterator {
 
 /// The root of a random-access `Iterator` over elements of T that has `operator*`, `+=`, the
 /// difference of two, and `<=>`.
-template <typename Iterator, typename T>
-class ConstRandomAccessIterator {
+template <typename Iterator, typename T, typename Reference = const T&>
+class ConstRandomAccessIterator
+    : public IteratorTypes<T, Reference, std::random_access_iterator_tag> {
  public:
-  using value_type = T;
   using difference_type = std::ptrdiff_t;
-  using reference = const T&;
-  using pointer = const T*;
-  using iterator_category = std::random_access_iterator_tag;
 
-  pointer operator->() const { return &*self(); }
-  reference operator[](difference_type n) const { return *(self() + n); }
+  const T* operator->() const
+    requires std::is_reference_v<Reference>
+  {
+    return &*self();
+  }
+  Reference operator[](difference_type n) const { return *(self() + n); }
   Iterator& operator++() noexcept { return self() += 1; }
   Iterator& operator--() noexcept { return self() += -1; }
   Iterator operator++(int) noexcept {
