@@ -75,5 +75,7 @@ class SetBitIndexes : public std::ranges::view_interface<SetBitIndexes> {
 
 }  // namespace tolvanite
 
+/// @cond
 template <>
 inline constexpr bool std::ranges::enable_borrowed_range<tolvanite::SetBitIndexes> = true;
+/// @endcond

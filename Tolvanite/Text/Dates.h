@@ -91,10 +91,11 @@ struct TOLVANITE_EXPORT TvDateUtils {
 /// +0100", in any case, with or without the weekday, the seconds and the zone. Absent for any other
 /// text. Which weekday it names is not looked at.
 ///
-/// Zones are offsets ("+0100", "+01:00", "GMT+1"), the names of the RFC, and the usual ones of
-/// Europe, eastern Asia and Australia. The single letters of the RFC other than "Z" were often
-/// written with the wrong sign: they count as UTC, and so does a missing zone. A comment at the
-/// end, as in "+0000 (UTC)", is skipped. The year stands as it is written: "18" is in antiquity.
+/// Zones are offsets ("+0100", "+01:00", "GMT+1", "UTC+0100"), the names of the RFC, and common
+/// ones that mean one zone only. The single letters of the RFC other than "Z" were often written
+/// with the wrong sign: they count as UTC, and so does a missing zone. Blanks and a comment at the
+/// end, as in "+0000 (UTC)", are skipped. The year stands as it is written, as the pattern "yyyy"
+/// has it: "18" is in antiquity.
 TOLVANITE_EXPORT Optional<AbsoluteTime> dateFromRFC822String(std::string_view text);
 
 }  // namespace tolvanite

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string>
 #include <string_view>
@@ -20,26 +21,40 @@ constexpr std::pair<std::string_view, std::string_view> zoneOffsets[] = {
     {"CET", "+0100"},  {"CEST", "+0200"}, {"MET", "+0100"},  {"MEST", "+0200"}, {"EET", "+0200"},
     {"EEST", "+0300"}, {"MSK", "+0300"},  {"SAST", "+0200"}, {"HKT", "+0800"},  {"JST", "+0900"},
     {"KST", "+0900"},  {"AWST", "+0800"}, {"ACST", "+0930"}, {"ACDT", "+1030"}, {"AEST", "+1000"},
-    {"AEDT", "+1100"}, {"NZST", "+1200"}, {"NZDT", "+1300"},
+    {"AEDT", "+1100"}, {"NZST", "+1200"}, {"NZDT", "+1300"}, {"SGT", "+0800"},  {"PKT", "+0500"},
+    {"BRT", "-0300"},  {"ART", "-0300"},  {"WAT", "+0100"},  {"CAT", "+0200"},  {"EAT", "+0300"},
 };
 
-// The offset that a zone name stands for; empty for what is none of them.
-std::string_view offsetOf(std::string_view name) {
-  if (name.size() == 1 && name[0] >= 'A' && name[0] <= 'Y' && name[0] != 'J') return "+0000";
-  for (const auto& [known, offset] : zoneOffsets) {
-    if (known == name) return offset;
+constexpr std::string_view blanks = " \t\r\n";
+
+void removeBlanksAtEnd(std::string& text) { text.resize(text.find_last_not_of(blanks) + 1); }
+
+// The offset that a zone means; empty for one that is left to the engine.
+std::string_view offsetOf(std::string_view zone) {
+  if (zone.size() == 1 && zone[0] >= 'A' && zone[0] <= 'Y' && zone[0] != 'J') return "+0000";
+  for (const auto& [name, offset] : zoneOffsets) {
+    if (name == zone) return offset;
+  }
+  // "GMT+0100": the engine knows it without the name only, but "GMT+1:00" with the name only.
+  if (zone.find(':') != std::string_view::npos) return {};
+  for (const std::string_view name : {"GMT", "UTC", "UT"}) {
+    const std::string_view offset = zone.substr(std::min(name.size(), zone.size()));
+    if (zone.starts_with(name) && (offset.starts_with('+') || offset.starts_with('-'))) {
+      return offset;
+    }
   }
   return {};
 }
 
-// The text without a comment at its end, and with an offset for the name of a zone.
+// The text without blanks and a comment at its end, and with an offset for the name of a zone.
 std::string withOffset(std::string text) {
+  removeBlanksAtEnd(text);
   if (text.ends_with(')')) {
-    const std::size_t comment = text.find(" (");
-    if (comment != std::string::npos) text.resize(comment);
+    text.resize(std::min(text.find('('), text.size()));
+    removeBlanksAtEnd(text);
   }
-  const std::size_t zone = text.rfind(' ') + 1;  // 0 if there is no space
-  const std::string_view offset = offsetOf(std::string_view(text).substr(zone));
+  const std::size_t zone = text.find_last_of(blanks) + 1;  // 0 if there is no blank
+  const std::string offset(offsetOf(std::string_view(text).substr(zone)));
   if (!offset.empty()) text.replace(zone, std::string::npos, offset);
   return text;
 }

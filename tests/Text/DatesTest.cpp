@@ -170,6 +170,9 @@ TEST(DatesTest, readsTheDatesOfMailsAndFeeds) {
       {"3 Jul 2018 10:00:00 PDT", "2018-07-03T17:00:00Z"},
       {"3 Feb 2018 10:00 CEST", "2018-02-03T08:00:00Z"},
       {"3 Feb 2018 10:00 Z", "2018-02-03T10:00:00Z"},
+      {"3 Feb 2018 10:00 GMT+0100", "2018-02-03T09:00:00Z"},
+      {"3 Feb 2018 10:00 utc-5:30\t", "2018-02-03T15:30:00Z"},
+      {"3 Feb 2018 10:00:00\tCEST(summer (really)) \r\n", "2018-02-03T08:00:00Z"},
       {"3 Feb 2018 10:00 a", "2018-02-03T10:00:00Z"},
       {"3 Feb 2018 10:00:00", "2018-02-03T10:00:00Z"},
       {"3 Feb 2018 10:00", "2018-02-03T10:00:00Z"},
@@ -183,8 +186,8 @@ TEST(DatesTest, readsTheDatesOfMailsAndFeeds) {
   for (const auto* text :
        {"", ",", "GMT", "3 Feb, 2018 10:00", "Sat 3 Feb 2018 10:00", "30 Feb 2018 10:00",
         "3 Feb 2018 24:00", "3 Feb 2018", "3 Feb 2018 10:00 J", "3 Feb 2018 10:00 XYZ",
-        "3 Feb 2018 10:00:00 GMT x", "3 Feb 2018 10:00 \xff", "(", " ()",
-        "\xc3, 3 Feb 2018 10:00"}) {
+        "3 Feb 2018 10:00:00 GMT x", "3 Feb 2018 10:00 GMT+", "3 Feb 2018 10:00 +0060", ")", " \t",
+        "3 Feb 2018 10:00 \xff", "(", " ()", "\xc3, 3 Feb 2018 10:00"}) {
     EXPECT_FALSE(dateFromRFC822String(text)) << text;
   }
 }
