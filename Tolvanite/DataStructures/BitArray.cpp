@@ -1,5 +1,6 @@
 #include <Tolvanite/DataStructures/BitArray.h>
 
+#include <algorithm>
 #include <ostream>
 
 namespace tolvanite {
@@ -125,6 +126,19 @@ std::string BitArray::description() const {
     result += bit ? "true" : "false";
   }
   return result + "]";
+}
+
+std::strong_ordering operator<=>(const BitArray& a, const BitArray& b) noexcept {
+  // Behind its end the shorter one has zeros, so that a difference there is in favour of the
+  // longer.
+  const std::size_t words = detail::wordsFor(std::min(a.count_, b.count_));
+  for (std::size_t place = 0; place < words; ++place) {
+    const BitWord differences = a.wordAt(place) ^ b.wordAt(place);
+    if (differences == 0) continue;
+    const BitWord lowest = differences & ~(differences - 1);
+    return (a.wordAt(place) & lowest) <=> (b.wordAt(place) & lowest);
+  }
+  return a.count_ <=> b.count_;
 }
 
 std::ostream& operator<<(std::ostream& out, const BitArray& array) {

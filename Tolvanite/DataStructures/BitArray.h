@@ -204,6 +204,9 @@ class TOLVANITE_EXPORT BitArray {
     return a.count_ == b.count_ && a.cardinality_ == b.cardinality_ && a.lastWord_ == b.lastWord_ &&
            a.fullWords_ == b.fullWords_;
   }
+  /// Lexicographic, with 0 before 1. Linear, by words, up to the first difference.
+  friend TOLVANITE_EXPORT std::strong_ordering operator<=>(const BitArray& a,
+                                                           const BitArray& b) noexcept;
   friend TOLVANITE_EXPORT std::ostream& operator<<(std::ostream& out, const BitArray& array);
 
  private:

@@ -28,7 +28,7 @@
 
 namespace tolvanite {
 
-/// A semantic version.
+/// A semantic version. Copies are made in constant time.
 class TOLVANITE_EXPORT Version {
  public:
   /// 0.0.0.

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <bitset>
+#include <compare>
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <iterator>
@@ -65,6 +67,17 @@ RC_GTEST_PROP(BitArrayTest, changesAsAnArrayOfBoolsDoes, ()) {
   }
 }
 
+// Most often the arrays differ late, and one may be the start of the other.
+RC_GTEST_PROP(BitArrayTest, ordersAsArraysOfBoolsDo, ()) {
+  auto left = *rc::gen::resize(200, rc::gen::arbitrary<std::vector<bool>>());
+  auto right = left;
+  left.resize(*rc::gen::inRange<std::size_t>(0, left.size() + 1));
+  const auto ends = *rc::gen::arbitrary<std::pair<std::vector<bool>, std::vector<bool>>>();
+  left.insert(left.end(), ends.first.begin(), ends.first.end());
+  right.insert(right.end(), ends.second.begin(), ends.second.end());
+  RC_ASSERT((BitArray(left) <=> BitArray(right)) == (left <=> right));
+}
+
 TEST(BitArrayTest, isMadeOfManyKinds) {
   const BitArray ones(65, true);
   EXPECT_EQ(ones.cardinality(), 65);
@@ -95,6 +108,10 @@ TEST(BitArrayTest, endsAndCopies) {
   array[0] = array[1];
   EXPECT_EQ(array.cardinality(), 2);
   EXPECT_NE(array, (BitArray{true, true, false}));
+  array.append(false);
+  swap(array[0], array[2]);
+  EXPECT_EQ(array, (BitArray{false, true, true}));
+  array.removeAtIndex(0);
 
   BitArray moved = std::move(array);
   EXPECT_EQ(moved, BitArray(2, true));

@@ -50,6 +50,12 @@ class BitReference {
   const BitReference& operator=(const BitReference& other) const {
     return *this = static_cast<bool>(other);
   }
+  /// Exchanges the bits themselves.
+  friend void swap(BitReference a, BitReference b) {
+    const bool before = a;
+    a = b;
+    b = before;
+  }
 
  private:
   Container& container_;
