@@ -7,6 +7,7 @@
 // `compressed(text, Compression::lzfse)`.
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -24,6 +25,12 @@ namespace tolvanite {
 /// read or decompressed; then the folders behind it are not looked at.
 TOLVANITE_EXPORT Optional<ByteBuffer> jsonData(std::string_view name,
                                                const std::vector<FileLocation>& folders);
+
+/// The same for folders as listed, and for none.
+inline Optional<ByteBuffer> jsonData(std::string_view name,
+                                     std::initializer_list<FileLocation> folders) {
+  return jsonData(name, std::vector<FileLocation>(folders));
+}
 
 /// The same with folders that are told symbolically; none is created. Fatal if one can't be
 /// resolved.

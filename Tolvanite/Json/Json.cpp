@@ -205,10 +205,7 @@ Json::Element Json::operator[](const Index& index) const {
 Json::Iterator Json::begin() const noexcept { return {*this, startIndex()}; }
 Json::Iterator Json::end() const noexcept { return {Json(), endIndex()}; }
 
-namespace {
-
-// Merges the content of equal types into one another; nested ones are replaced where they differ.
-void mergeInto(Cell& self, const Cell& other) {
+void Json::mergeContent(Cell& self, const Cell& other) {
   if (self.tag() == CellTag::list && other.tag() == CellTag::list) {
     const Cell kept = other;  // it may be the same list
     for (const Cell& element : detail::elementsOf(kept)) detail::appendTo(self, element);
@@ -220,7 +217,7 @@ void mergeInto(Cell& self, const Cell& other) {
         detail::setIn(self, key, value->tag() == CellTag::other ? Cell() : *value);
       } else {
         detail::makeChangeable(self, self.elementCount());
-        mergeInto(const_cast<Cell&>(*detail::findIn(self, key)), *value);
+        mergeContent(const_cast<Cell&>(*detail::findIn(self, key)), *value);
       }
       ++value;
     }
@@ -229,14 +226,12 @@ void mergeInto(Cell& self, const Cell& other) {
   }
 }
 
-}  // namespace
-
 void Json::merge(const Json& other, bool typecheck) {
   if (type_ != other.type_) {
     if (typecheck) throw JsonFailure(JsonError::invalidType);
     *this = Json(other);
   } else if (type_ == JsonType::array || type_ == JsonType::dictionary) {
-    mergeInto(content_, other.content_);
+    mergeContent(content_, other.content_);
     error_.reset();
   } else {
     *this = Json(other);

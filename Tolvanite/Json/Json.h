@@ -288,6 +288,9 @@ class TOLVANITE_EXPORT Json {
     return ((*value).*conversion)();
   }
 
+  // Merges content of equal types; nested content is replaced where the types differ.
+  static void mergeContent(detail::Cell& self, const detail::Cell& other);
+
   detail::Cell content_;
   JsonType type_ = JsonType::null;
   Optional<JsonError> error_;
@@ -353,6 +356,7 @@ class TOLVANITE_EXPORT JsonPlace : public Json {
   const Json& asConst() const { return *this; }
   std::span<const JsonPathStep> steps() const;
   detail::Cell* resolve();
+  void forgetContent();
   void assign(const Json& value) &&;
 
   // This place is in another one, in a document, or in neither and a mere value. What it refers to

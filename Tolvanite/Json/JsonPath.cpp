@@ -143,8 +143,7 @@ void JsonPlace::assign(const Json& value) && {
     static_cast<Json&>(*this) = kept;
     return;
   }
-  // What these temporaries read must not count as shared.
-  for (JsonPlace* place = this; place != nullptr; place = place->parent_) place->content_ = Cell();
+  forgetContent();
   if (parent_ != nullptr) {
     Cell* cell = parent_->resolve();
     const JsonType type = cell == nullptr ? JsonType::null : Json(ManagedObject::of(*cell)).type();
@@ -154,10 +153,25 @@ void JsonPlace::assign(const Json& value) && {
   }
 }
 
+// What these temporaries read must not count as shared.
+void JsonPlace::forgetContent() {
+  for (JsonPlace* place = this; place != nullptr; place = place->parent_) place->content_ = Cell();
+}
+
 void JsonPlace::merge(const Json& other, bool typecheck) && {
-  Json mergedValue = *this;
-  mergedValue.merge(other, typecheck);
-  std::move(*this).assign(mergedValue);
+  const bool isContainer = type() == JsonType::array || type() == JsonType::dictionary;
+  if (!isContainer || other.type() != type() || root_ == nullptr || steps().empty()) {
+    Json mergedValue = *this;
+    mergedValue.merge(other, typecheck);
+    std::move(*this).assign(mergedValue);
+    return;
+  }
+  // In place: a list that grows piece by piece must not be copied each time.
+  const Json kept = other;
+  forgetContent();
+  Cell* cell = resolve();
+  if (cell == nullptr) failWrite(steps().back(), JsonType::null);
+  mergeContent(*cell, kept.content_);
 }
 
 }  // namespace tolvanite

@@ -72,6 +72,16 @@ class JsonWriter::Pass {
   }
 
  private:
+  struct ReleaseShape {
+    void operator()(Shape* shape) const noexcept { shape->release(); }
+  };
+  // The order of a shape's keys. It keeps the shape: of a list that comes element by element each
+  // may be gone before the next one, whose keys could come to lie where its keys were.
+  struct CustomOrder {
+    std::unique_ptr<Shape, ReleaseShape> shape;
+    std::shared_ptr<const Places> places;
+  };
+
   // Everything that is written without a further look at the room: a number, a short text, a
   // bracket, with what stands around it.
   static constexpr std::size_t elementRoom = detail::numberTextRoom + 2 * copyBlock;
@@ -206,16 +216,17 @@ class JsonWriter::Pass {
   }
 
   // The places of a dictionary's keys as they are written; empty if they stay as they are.
-  std::span<const std::uint32_t> orderOf(const Shape* shape) {
+  std::span<const std::uint32_t> orderOf(Shape* shape) {
     if (shape == nullptr || !writer_.sortKeys_) return {};
     if (writer_.customOrder_.isNone()) return shape->ascending();
-    auto& [known, places] = customPlaces_[reinterpret_cast<std::uintptr_t>(shape) /
-                                          alignof(std::max_align_t) % customPlaces_.size()];
-    if (known != shape) {
-      places = customOrderOf(*shape);
-      known = shape;
+    CustomOrder& known = customOrders_[reinterpret_cast<std::uintptr_t>(shape) /
+                                       alignof(std::max_align_t) % customOrders_.size()];
+    if (known.shape.get() != shape) {
+      known.places = customOrderOf(*shape);
+      shape->retain();
+      known.shape.reset(shape);
     }
-    return *places;
+    return *known.places;
   }
 
   std::shared_ptr<const Places> customOrderOf(const Shape& shape) const {
@@ -240,7 +251,7 @@ class JsonWriter::Pass {
   // A line feed and indents for some levels more than are needed, and a block to be read beyond.
   std::string lineStart_;
   Int depth_;
-  std::array<std::pair<const Shape*, std::shared_ptr<const Places>>, 64> customPlaces_;
+  std::array<CustomOrder, 64> customOrders_;
 };
 
 JsonWriter::JsonWriter(Optional<std::string> indentString, bool sortKeys,

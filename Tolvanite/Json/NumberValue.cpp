@@ -174,7 +174,19 @@ std::uint64_t NumberValue::unsignedLongLongValue() const noexcept {
   return narrowed<std::uint64_t>();
 }
 double NumberValue::nearestDouble() const noexcept { return detail::toDouble(cell_); }
-float NumberValue::floatValue() const noexcept { return static_cast<float>(doubleValue()); }
+float NumberValue::floatValue() const noexcept {
+  // By way of a double, integers and decimals would be rounded twice.
+  switch (cell_.tag()) {
+    case CellTag::real:
+      return static_cast<float>(cell_.realNumber());
+    case CellTag::decimal:
+      return detail::decimalOf(cell_).toFloat();
+    case CellTag::signedInteger:
+      return static_cast<float>(cell_.integer());
+    default:
+      return static_cast<float>(cell_.low());
+  }
+}
 
 std::string NumberValue::stringValue() const {
   if (isBool()) return cell_.low() != 0 ? "true" : "false";

@@ -51,7 +51,7 @@ TEST(JsonData, TheFirstDocumentOfTheFirstFolderWins) {
       {"folder", {}},
       {"missing", {}}};
   for (const auto& [name, content] : cases) EXPECT_EQ(jsonData(name, folders), content) << name;
-  EXPECT_EQ(jsonData("both", std::vector<FileLocation>()), Optional<ByteBuffer>());
+  EXPECT_EQ(jsonData("both", {}), Optional<ByteBuffer>());
 }
 
 TEST(JsonData, FoldersCanBeSymbolic) {

@@ -202,6 +202,8 @@ TEST(JSONSerialization, SaysWhereATextIsMalformed) {
        0},
       {std::string("1\0", 2), 1},
       {nested(513), 512},
+      {std::string(513, '[') + std::string(513, ']'), 512},
+      {std::string(512, '[') + "{}" + std::string(512, ']'), 512},
       {std::string(100'000, '['), 512},
   };
   for (const auto& [text, offset] : cases) {

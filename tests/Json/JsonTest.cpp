@@ -172,6 +172,8 @@ TEST(Json, FillsAMillionElementsThroughAPath) {
   zeros = ManagedArray();
   for (int i = 0; i < 1'000'000; ++i) doc["list"][i] = i;
   EXPECT_EQ((doc[{"list", 999'999}]), Json(999'999));
+  for (int i = 0; i < 200'000; ++i) doc["list"].merge(ManagedArray{i});
+  EXPECT_EQ(doc["list"].arrayObject()->count(), 1'200'000);
   Json deep;
   for (int i = 0; i < 1'000'000; ++i) deep = Json(ManagedArray{deep});
   deep = 1;  // no recursion a million deep
@@ -214,7 +216,12 @@ TEST(Json, MergesInDepth) {
   EXPECT_EQ(number, Json(1));
   number.merge("x", false);
   EXPECT_EQ(number, Json("x"));
+  const Json before = doc;
   doc["a"].merge(Json{{"b", 2}, {"u", ManagedObject::wrapping(Unknown())}});
+  EXPECT_EQ((before[{"a", "b"}]), Json(1));
+  EXPECT_THROW(doc["a"].merge(ManagedArray()), JsonFailure);
+  doc["z"].merge(nullptr);
+  EXPECT_TRUE(doc["z"].exists());
   EXPECT_EQ((doc[{"a", "b"}]), Json(2));
   EXPECT_EQ((doc[{"a", "u"}].type()), JsonType::null);
   doc.merge(doc);

@@ -75,6 +75,26 @@ TEST(JsonWriter, OrdersKeys) {
             "{\n \"b\" : 2");
 }
 
+TEST(JsonWriter, WritesAListElementByElement) {
+  // Each element is gone before the next one, so that their keys may lie at the same place.
+  JsonWriter writer(std::nullopt, true, JsonWriter::SortKeyOrder{"z"});
+  JsonWriter::List list(writer);
+  std::string wanted = "[";
+  for (int i = 0; i < 40; ++i) {
+    ManagedDictionary element;
+    std::string rest;
+    for (int key = 0; key <= i % 7; ++key) {
+      element.set(std::to_string(i) + "," + std::to_string(key), key);
+      rest += ",\"" + std::to_string(i) + "," + std::to_string(key) + "\":" + std::to_string(key);
+    }
+    element.set("z", i);
+    list.append(element);
+    wanted += (i > 0 ? ",{\"z\":" : "{\"z\":") + std::to_string(i) + rest + "}";
+  }
+  list.end();
+  EXPECT_EQ(writer.dest(), wanted + "]\n");
+}
+
 TEST(JsonWriter, ReportsWhatItCannotWriteAndGoesOnFromThere) {
   const ManagedObject numbered = ManagedObject::from(std::map<int, int>{{1, 2}});
   JsonWriter writer;

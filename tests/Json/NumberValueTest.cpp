@@ -149,6 +149,9 @@ TEST(NumberValue, NarrowsAsDescribed) {
   EXPECT_EQ(decimal("18446744073709551615").unsignedIntegerValue(), highestUnsigned);
   EXPECT_EQ(decimal("0.1").doubleValue(), 0.1);
   EXPECT_EQ(decimal("1e9000").doubleValue(), infinity);
+  // Just above the middle between two floats, but not as a double.
+  EXPECT_EQ(NumberValue((std::int64_t{1} << 54) + (1 << 30) + 1).floatValue(), 0x1.000002p54F);
+  EXPECT_EQ(decimal("18014399583223809").floatValue(), 0x1.000002p54F);
   EXPECT_TRUE(NumberValue(0.5).boolValue());
   EXPECT_FALSE(decimal("0.0").boolValue());
 }

@@ -29,6 +29,19 @@ DigitForm digitForm(std::string digits, int exponent, bool isNegative) {
   return {std::move(digits), exponent, isNegative};
 }
 
+template <typename T>
+T nearest(const Decimal& decimal) {
+  const std::string digits = digitsOf(wideOf(decimal)) + "e" + std::to_string(decimal.exponent);
+  T result = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), result);
+  if (error == std::errc::result_out_of_range) {
+    result = decimal.exponent > 0 ? std::numeric_limits<T>::infinity() : 0;
+  } else if (end == digits.data()) {
+    result = 0;
+  }
+  return decimal.isNegative ? -result : result;
+}
+
 // The whole part of the magnitude; false if it is beyond `limit`.
 bool wholePart(const Decimal& decimal, std::uint64_t limit, std::uint64_t& whole) {
   Wide value = wideOf(decimal);
@@ -148,17 +161,9 @@ std::string Decimal::text() const {
   return result + std::to_string(std::abs(point - 1));
 }
 
-double Decimal::toDouble() const {
-  const std::string digits = digitsOf(wideOf(*this)) + "e" + std::to_string(exponent);
-  double result = 0;
-  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), result);
-  if (error == std::errc::result_out_of_range) {
-    result = exponent > 0 ? std::numeric_limits<double>::infinity() : 0;
-  } else if (end == digits.data()) {
-    result = 0;
-  }
-  return isNegative ? -result : result;
-}
+double Decimal::toDouble() const { return nearest<double>(*this); }
+
+float Decimal::toFloat() const { return nearest<float>(*this); }
 
 std::int64_t Decimal::toSigned() const {
   using Limits = std::numeric_limits<std::int64_t>;

@@ -27,6 +27,7 @@ struct Decimal {
   /// Plain digits where they are not many zeros, else with an exponent: "1.5", "1e+400".
   std::string text() const;
   double toDouble() const;
+  float toFloat() const;
   /// The whole part; the nearest end of the type beyond it.
   std::int64_t toSigned() const;
   std::uint64_t toUnsigned() const;

@@ -119,29 +119,30 @@ class TapeReader {
 
   void list(Cell* out, std::uint64_t word) {
     const std::size_t count = elementCount(word, 1);
+    enter();
     if (count == 0) {
       put(out, CellTag::list, std::uint64_t{0});
     } else {
-      enter();
       auto* node =
           static_cast<ListNode*>(arena_->allocate(sizeof(ListNode) + count * sizeof(Cell)));
       node->count = static_cast<std::uint32_t>(count);
       put(out, CellTag::list, node);
       Cell* elements = node->elements();
       for (std::size_t i = 0; i < count; ++i) value(elements + i);
-      --depth_;
     }
+    --depth_;
     ++at_;
   }
 
   void dictionary(Cell* out, std::uint64_t word) {
     const std::size_t count = elementCount(word, 2);
+    enter();
     if (count == 0) {
       put(out, CellTag::dictionary, std::uint64_t{0});
+      --depth_;
       ++at_;
       return;
     }
-    enter();
     auto* node = static_cast<DictionaryNode*>(
         arena_->allocate(sizeof(DictionaryNode) + count * sizeof(Cell)));
     node->count = static_cast<std::uint32_t>(count);
