@@ -20,9 +20,11 @@ using detail::CellTag;
 
 constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
-// The parser of a thread. Its buffers, of which a text uses up to about twice its size, are kept
-// for the next text; the pages of large ones are for the system to take back, and buffers for very
-// large texts are freed.
+// The parser of a thread. Its buffers, of which a text uses some four times its size, are kept for
+// the next text. Those for a large text are kept only if the text before was large, too: a host
+// that reads a large document now and then gets its memory back, and one that reads many need not
+// wait for fresh memory each time. Their pages are for the system to take back, and buffers for
+// very large texts are freed.
 class Parser {
  public:
   static Parser& ofThisThread() {
@@ -36,8 +38,11 @@ class Parser {
     if (makeRoom(text.size()) && simdjsonParse(text)) {
       result = detail::readTape(parser_->doc.tape.get(), parser_->doc.string_buf.get());
     }
-    if (parser_ != nullptr && parser_->capacity() > mostKept) parser_.reset();
-    if (text.size() > mostResident) adviseOnBuffers(offerBack);
+    const bool isLarge = text.size() > mostResident;
+    const std::size_t limit = isLarge && wasLarge_ ? mostKept : mostResident;
+    if (parser_ != nullptr && parser_->capacity() > limit) parser_.reset();
+    if (isLarge) adviseOnBuffers(offerBack);
+    wasLarge_ = isLarge;
     return result;
   }
 
@@ -76,6 +81,7 @@ class Parser {
   }
 
   std::unique_ptr<simdjson::dom::parser> parser_;
+  bool wasLarge_ = false;
 };
 
 }  // namespace
