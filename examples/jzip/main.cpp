@@ -44,9 +44,13 @@ ByteBuffer unpacked(const FileLocation& file, const ByteBuffer& content) {
 }
 
 void tell(const FileLocation& file, const ByteBuffer& text, const ByteBuffer& packed) {
-  std::printf("%s: %lld bytes of text in %lld, %.1f %%\n", file.lastPathComponent().c_str(),
-              static_cast<long long>(text.count()), static_cast<long long>(packed.count()),
-              100.0 * static_cast<double>(packed.count()) / static_cast<double>(text.count()));
+  std::printf("%s: %lld bytes of text in %lld", file.lastPathComponent().c_str(),
+              static_cast<long long>(text.count()), static_cast<long long>(packed.count()));
+  if (!text.isEmpty()) {  // a stream of nothing but its end is whole, too
+    std::printf(", %.1f %%",
+                100.0 * static_cast<double>(packed.count()) / static_cast<double>(text.count()));
+  }
+  std::printf("\n");
 }
 
 void pack(const FileLocation& file, bool isForced) {

@@ -34,6 +34,8 @@ head -c 1000 a.jzip >cut.jzip
 expect 1 'jzip: */cut.jzip is damaged, or no such document' unpack cut.jzip
 [[ ! -e cut.json ]]
 expect 1 '*a.jzip: *cut.jzip is damaged*a.jzip: *' check a.jzip cut.jzip a.jzip
+printf 'bvx$' >nothing.jzip
+expect 0 'nothing.jzip: 0 bytes of text in 4' check nothing.jzip
 : >empty.json
 expect 1 'jzip: */empty.json is empty' pack empty.json
 expect 3 'jzip: cannot read */none.json: No such file or directory' pack none.json
