@@ -9,6 +9,13 @@
 //   doc[{"user", "ids", 0}] = 9;
 //   for (const auto& [key, value] : doc["user"]) std::cout << key << value << '\n';
 //
+// Braces make a dictionary; the containers within are named. Those of the standard library, times
+// and the host's own types become a Json by `makeJson` and `jsonObjectValue`: JsonValueMapping.h.
+//
+//   Json made = {{"ids", ManagedArray{7, 8}}, {"at", ManagedDictionary{{"x", 1}}}};
+//   made["ids"].merge(ManagedArray{9});                  // [7, 8, 9], in place
+//   made["tags"] = makeJson(std::vector{"a", "b"});
+//
 // A Json is a value: a copy and a part of a document cost a reference, and writing copies only
 // what another value shares. The text of a document is made by JsonWriter.
 #pragma once
@@ -62,7 +69,7 @@ class TOLVANITE_EXPORT Json {
   Json(const T& jo) {
     setManagedJsonObject(ManagedObject(jo));
   }
-  /// A dictionary of the pairs as listed.
+  /// A dictionary of the pairs as listed, of a repeated key the last one. A list is a ManagedArray.
   Json(std::initializer_list<ManagedDictionary::Entry> entries)
       : Json(ManagedDictionary(entries)) {}
 
@@ -241,9 +248,10 @@ class TOLVANITE_EXPORT Json {
   /// @}
 
   /// Merges another value of the same type into this one: arrays are joined, dictionaries merged
-  /// key by key, where a value of another type is replaced; every other value is replaced. Throws a
-  /// JsonFailure of `invalidType` if the types differ, and changes nothing then, unless `typecheck`
-  /// is false: then this value is replaced.
+  /// key by key, where a value of another type is replaced, and a value of a kind that JSON does
+  /// not have becomes null; every other value is replaced. Linear in `other`, but for what is
+  /// shared. Throws a JsonFailure of `invalidType` if the types differ, and changes nothing then,
+  /// unless `typecheck` is false: then this value is replaced.
   void merge(const Json& other, bool typecheck = true);
   /// A copy, merged.
   Json merged(const Json& other) const;

@@ -5,8 +5,13 @@
 //   struct Track {
 //     std::string title;
 //     std::optional<int> year;
+//     std::vector<std::string> tags;
+//     AbsoluteTime added;
 //     ManagedObject jsonObjectValue() const {
-//       return ManagedDictionary{{"title", title}, {"year", year}};
+//       return ManagedDictionary{{"title", title},
+//                                {"year", year},
+//                                {"tags", makeJsonNsArray(tags)},
+//                                {"added", tolvanite::jsonObjectValue(added)}};
 //     }
 //   };
 //   const std::vector<Track> tracks = load();
