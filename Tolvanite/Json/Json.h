@@ -199,7 +199,8 @@ class TOLVANITE_EXPORT Json {
 
   /// A text as a file location. A text without percent escapes is percent-encoded first; one
   /// without "file:" is a path, a relative one from the process's current directory. Absent for a
-  /// text that is no file location and for every other type.
+  /// text that is no file location, for a relative path if that directory is gone, and for every
+  /// other type.
   Optional<FileLocation> url() const;
   /// A text of the form "1970-01-01T00:00:00.500Z" as the time that it tells; absent if there is no
   /// such date and for every other type. `dateValue` gives the start of 1970 then.

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <system_error>
 
 #include <Tolvanite/Frame/detail/PercentEncoding.h>
 #include <Tolvanite/Json/Json.h>
@@ -103,7 +104,10 @@ Optional<FileLocation> Json::url() const {
   if (decoded.isNone()) return {};
   if (encoded.starts_with('/')) return decoded;
   const std::string path = decoded->path().substr(1) + (decoded->isDirectory() ? "/" : "");
-  return FileLocation(std::filesystem::path(path));
+  std::error_code error;
+  const std::filesystem::path current = std::filesystem::current_path(error);
+  if (error) return {};
+  return FileLocation(current / path);
 }
 
 Optional<AbsoluteTime> Json::date() const {

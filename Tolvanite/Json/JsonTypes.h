@@ -92,13 +92,14 @@ class JsonKey {
   std::variant<Int, std::string> step_;
 };
 
-/// A host's own types that can be steps give theirs by `jsonKey()`.
+/// A host's own types that can be steps give theirs by `jsonKey()`, as a value or a reference.
 template <typename T>
 concept JsonSubscriptType = requires(const T& value) {
   { value.jsonKey() } -> std::convertible_to<const JsonKey&>;
 };
 
-/// A step as the subscripts of Json take it. It refers to the text or key that it is made from.
+/// A step as the subscripts of Json take it. It refers to the text or key that it is made from, and
+/// so is for one expression.
 class JsonPathStep {
  public:
   template <std::integral T>
@@ -117,6 +118,11 @@ class JsonPathStep {
   template <JsonSubscriptType T>
     requires std::is_lvalue_reference_v<decltype(std::declval<const T&>().jsonKey())>
   JsonPathStep(const T& value) noexcept : JsonPathStep(value.jsonKey()) {}
+  /// A key that is given by value is kept in an argument that lives as long as the expression does.
+  template <JsonSubscriptType T>
+    requires(!std::is_lvalue_reference_v<decltype(std::declval<const T&>().jsonKey())>)
+  JsonPathStep(const T& value, JsonKey&& kept = JsonKey(0))
+      : JsonPathStep(kept = value.jsonKey()) {}
 
   bool isIndex() const noexcept { return key_ == nullptr; }
   Int index() const noexcept { return number_; }

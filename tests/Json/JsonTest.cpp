@@ -18,6 +18,15 @@ using Path = std::vector<JsonKey>;
 
 struct Unknown {};
 
+// Steps of a host's own types.
+struct Column {
+  JsonKey jsonKey() const { return "a key that is no short text"; }
+};
+struct Row {
+  JsonKey key;
+  const JsonKey& jsonKey() const { return key; }
+};
+
 Json sample() {
   return Json::parseString(R"({"a":[1,{"b":"x"},null],"t":true,"s":"text that is not short"})");
 }
@@ -119,6 +128,15 @@ TEST(Json, WritesOnlyWhatIsWrittenTo) {
   auto kept = doc["a"];
   doc["a"] = 1;
   EXPECT_EQ(kept[0], Json(true));
+}
+
+TEST(Json, TakesStepsOfOtherTypes) {
+  Json doc = ManagedArray{ManagedDictionary{{"a key that is no short text", 1}}};
+  EXPECT_EQ((std::as_const(doc)[{Row{0}, Column()}]), Json(1));
+  doc[Row{0}][Column()] = 2;
+  EXPECT_EQ(doc[0][Column()], Json(2));
+  doc[{Row{0}, Column()}] = 3;
+  EXPECT_EQ(doc, Json(ManagedArray{ManagedDictionary{{"a key that is no short text", 3}}}));
 }
 
 TEST(Json, StopsAtWritesThatCannotBe) {
