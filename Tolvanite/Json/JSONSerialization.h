@@ -47,7 +47,7 @@ class TOLVANITE_EXPORT JSONSerialization {
   /// is passed over. Integers beyond 64 bits become decimal numbers; of a repeated key the last
   /// value counts. Containers may be nested 512 deep. Throws an Errur for anything else, a number
   /// that no double can hold among it. Elements of one text share its memory as long as any of them
-  /// is there.
+  /// is there. A thread keeps some room for its next text, for a large one only between large ones.
   static ManagedObject JSONObjectWithData(std::string_view text,
                                           ReadingOptions options = ReadingOptions::none);
   static ManagedObject JSONObjectWithData(const ByteBuffer& data,
