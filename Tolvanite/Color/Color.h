@@ -29,41 +29,39 @@ namespace tolvanite {
 /// A colour.
 class TOLVANITE_EXPORT Color {
  public:
-  /// Red, green, blue and alpha, each from 0 to 1. An alpha of 0 is transparent.
+  /// Red, green, blue and alpha in the sRGB space, each from 0 to 1.
   struct Rgba {
-    double r = 0;
-    double g = 0;
-    double b = 0;
-    double a = 1;
+    double r = 0;  ///< Red, from 0 to 1.
+    double g = 0;  ///< Green, from 0 to 1.
+    double b = 0;  ///< Blue, from 0 to 1.
+    double a = 1;  ///< Alpha, from 0, transparent, to 1, opaque.
     friend constexpr bool operator==(const Rgba&, const Rgba&) = default;
   };
 
-  /// Hue, saturation, brightness and alpha, each from 0 to 1. The hue is a part of the full circle:
-  /// 0 is red, 1/3 green, 2/3 blue, and 1 red again.
+  /// Hue, saturation, brightness and alpha, each from 0 to 1.
   struct Hsba {
-    double h = 0;
-    double s = 0;
-    double b = 0;
-    double a = 1;
+    double h = 0;  ///< Hue, a part of the full circle: 0 red, 1/3 green, 2/3 blue, 1 red again.
+    double s = 0;  ///< Saturation, from 0, a grey, to 1, a pure hue.
+    double b = 0;  ///< Brightness, the greatest of red, green and blue, from 0, black, to 1.
+    double a = 1;  ///< Alpha, from 0, transparent, to 1, opaque.
     friend constexpr bool operator==(const Hsba&, const Hsba&) = default;
   };
 
-  /// CIE 1976 L*a*b* under the D65 white: the lightness `l` from 0 to 100, `a` from green to red
-  /// and `b` from blue to yellow, about -128 to 127 each; alpha from 0 to 1.
+  /// CIE 1976 L*a*b* under the D65 white.
   struct CIE_LAB {
-    double l = 0;
-    double a = 0;
-    double b = 0;
-    double alpha = 1;
+    double l = 0;      ///< L*, the lightness, from 0, black, to 100, white.
+    double a = 0;      ///< a*, from green to red, about -128 to 127.
+    double b = 0;      ///< b*, from blue to yellow, about -128 to 127.
+    double alpha = 1;  ///< Alpha, from 0, transparent, to 1, opaque.
     friend constexpr bool operator==(const CIE_LAB&, const CIE_LAB&) = default;
   };
 
   /// Parts of cyan, magenta, yellow and black, each from 0 to 1.
   struct Cmyk {
-    double c = 0;
-    double m = 0;
-    double y = 0;
-    double k = 0;
+    double c = 0;  ///< Cyan, which takes away red.
+    double m = 0;  ///< Magenta, which takes away green.
+    double y = 0;  ///< Yellow, which takes away blue.
+    double k = 0;  ///< Black, which takes away all three.
     friend constexpr bool operator==(const Cmyk&, const Cmyk&) = default;
   };
 
@@ -167,14 +165,21 @@ class TOLVANITE_EXPORT Color {
   friend constexpr bool operator==(const Color&, const Color&) = default;
   friend TOLVANITE_EXPORT std::ostream& operator<<(std::ostream& out, const Color& color);
 
-  /// Black and white.
+  /// An end of the greys, opaque: 0x000000 and 0xFFFFFF.
+  /// @{
   static const Color black, white;
+  /// @}
 
-  /// Grey of so many parts of white: 0.25, 0.5 and 0.75.
+  /// An opaque grey whose red, green and blue are 0.25, 0.5 or 0.75: the higher the number in the
+  /// name, the lighter the grey.
+  /// @{
   static const Color black25Percent, black50Percent, black75Percent;
+  /// @}
 
-  /// Colours of general use; the values stand below. Two of them are the same, `lightCream` and
-  /// `wheat`.
+  /// An opaque colour of general use. Its value, 0xRRGGBB, stands with its definition in the header
+  /// and can be had by `hexString`; `TolvaniteNiceColors` lists these colours and the greys above.
+  /// Two of them are the same, `lightCream` and `wheat`.
+  /// @{
   static const Color infoBlue, success, warning, danger, antiqueWhite, oldLace, ivory, seashell,
       ghostWhite, snow, linen, warmGray, coolGray, charcoal, teal, steelBlue, robinEgg, pastelBlue,
       turquoise, skyBlue, indigo, denim, blueberry, cornflower, babyBlue, midnightBlue, fadedBlue,
@@ -186,8 +191,11 @@ class TOLVANITE_EXPORT Color {
       mustard, buttermilk, gold, cream, lightCream, wheat, beige, peach, burntOrange, pastelOrange,
       cantaloupe, carrot, mandarin, chiliPowder, burntSienna, chocolate, coffee, cinnamon, almond,
       eggshell, sand, mud, sienna, dust;
+  /// @}
 
-  /// The bright colours of a phone's interface, and the ends of its gradients.
+  /// A bright opaque colour of a phone's interface, or an end of one of its gradients. Its
+  /// components, in hundredths, stand with its definition in the header.
+  /// @{
   static const Color iOS7red, iOS7orange, iOS7yellow, iOS7green, iOS7lightBlue, iOS7darkBlue,
       iOS7purple, iOS7pink, iOS7darkGray, iOS7lightGray, iOS7redGradientStart, iOS7redGradientEnd,
       iOS7orangeGradientStart, iOS7yellowGradientStart, iOS7yellowGradientEnd,
@@ -195,6 +203,7 @@ class TOLVANITE_EXPORT Color {
       iOS7blueGradientStart, iOS7blueGradientEnd, iOS7violetGradientStart, iOS7violetGradientEnd,
       iOS7magentaGradientStart, iOS7magentaGradientEnd, iOS7blackGradientStart,
       iOS7blackGradientEnd, iOS7silverGradientStart, iOS7silverGradientEnd;
+  /// @}
 
  private:
   explicit constexpr Color(const Rgba& rgba) noexcept : rgba_(rgba) {}

@@ -17,7 +17,10 @@ namespace tolvanite {
 
 /// A name and its colour.
 struct NamedColor {
+  /// What to show, and what `Color::named` finds in these lists: the constant's name, in
+  /// `TolvaniteNiceColors` with "Color" behind it.
   std::string name;
+  /// The colour of that name.
   Color color;
 
   /// The name and the colour's text: "almondColor #c48e48".
