@@ -24,7 +24,8 @@ namespace tolvanite {
 /// static functions of the same names.
 template <typename Class>
 struct LoggingClass {
-  /// As the operations of LoggingStyle.
+  /// One line in that colour with the text form of a value, or with the name of its type if it has
+  /// none; how the colour is told is up to the style.
   /// @{
   static void red(const auto& value) { Class::style().red(value); }
   static void green(const auto& value) { Class::style().green(value); }
@@ -40,10 +41,18 @@ struct LoggingClass {
   static void lightCyan(const auto& value) { Class::style().lightCyan(value); }
   static void darkGray(const auto& value) { Class::style().darkGray(value); }
   static void lightGray(const auto& value) { Class::style().lightGray(value); }
+  /// @}
 
+  /// One line of that grade; the plain style writes the grade and ":" in front.
+  /// @{
   static void error(std::string_view text) { Class::style().error(text); }
   static void severe(std::string_view text) { Class::style().severe(text); }
   static void warning(std::string_view text) { Class::style().warning(text); }
+  /// @}
+
+  /// Logs an error by its `what()`: "MESSAGE:ERROR", or "Error:ERROR" without a message, as by
+  /// `error(text)`.
+  /// @{
   static void error(const Optional<std::string_view>& message, const std::exception& error) {
     Class::style().error(message, error);
   }
