@@ -24,8 +24,12 @@ namespace tolvanite {
 /// A kind of walk.
 class CoordinateIteratorType1 {
  public:
+  /// The walks that MatrixSize makes: `ordered` by `coordinateIterator`, `random` by
+  /// `coordinateIterator_randomPrecalculated`, the others by the `coordinateIterator_` of that
+  /// name.
   enum Value : std::uint8_t { ordered, checkered, spiral, randomOuterLine, random };
 
+  /// From the enumerator. Converts back too, so that it can be compared and switched on.
   constexpr CoordinateIteratorType1(Value value) : value_(value) {}
   constexpr operator Value() const { return value_; }
 

@@ -25,15 +25,24 @@ namespace tolvanite {
 /// A kind of walk with its payload; compares by both.
 class TOLVANITE_EXPORT CoordinateIteratorType2 {
  public:
+  /// The walks that MatrixSize makes: `ordered` by `coordinateIterator`, `random` by
+  /// `coordinateIterator_randomPrecalculated`, the others by the `coordinateIterator_` of that
+  /// name.
   enum class Kind : std::uint8_t { checkered, spiral, ordered, randomOuterLine, random };
 
+  /// In sweeps of every `step`-th cell. Any step is kept; the walk itself wants 1 at least.
   static constexpr CoordinateIteratorType2 checkered(Int step) { return {Kind::checkered, step}; }
+  /// Along the border and further in, clockwise if y is seen to grow downward, or the other way
+  /// round. Mind that `coordinateIterator_spiral` takes the opposite, `counterClockwise`.
   static constexpr CoordinateIteratorType2 spiral(bool clockwise) {
     return {Kind::spiral, clockwise ? 1 : 0};
   }
+  /// A walk of the kind of that name, which needs to be told no more.
+  /// @{
   static constexpr CoordinateIteratorType2 ordered() { return {Kind::ordered, 0}; }
   static constexpr CoordinateIteratorType2 randomOuterLine() { return {Kind::randomOuterLine, 0}; }
   static constexpr CoordinateIteratorType2 random() { return {Kind::random, 0}; }
+  /// @}
 
   /// Twelve of them: ordered, checkered with the steps 1 to 7, spiral in both senses, clockwise
   /// first, and the two random ones.
@@ -44,6 +53,7 @@ class TOLVANITE_EXPORT CoordinateIteratorType2 {
   /// so it is for "spiralCounterClockwise", deliberately.
   static Optional<CoordinateIteratorType2> from(std::string_view text);
 
+  /// Which walk it is, without its payload.
   constexpr Kind kind() const { return kind_; }
   /// The step of a checkered walk; absent for the others.
   constexpr Optional<Int> step() const {

@@ -83,6 +83,8 @@ struct TOLVANITE_EXPORT Grid {
   CGSize tileSize;
   /// The gaps between the tiles.
   CGSize tileSpacing;
+  /// How far a tile's inner rect lies within its edges; a part of `tileSize`. The top is the edge
+  /// of the lower y here.
   NSEdgeInsets tilePadding;
   /// Where the tile (0, 0) begins.
   CGPoint translation;

@@ -18,13 +18,19 @@ namespace tolvanite {
 /// The kind of area with the index of the tile that the location is on or behind; compares by both.
 class GridHitArea {
  public:
+  /// On a tile, or in the gap behind one.
   enum class Kind : std::uint8_t { tile, spacing };
 
+  /// On the tile of that index.
   static constexpr GridHitArea tile(Int index) { return {Kind::tile, index}; }
+  /// In the gap behind the tile of that index.
   static constexpr GridHitArea spacing(Int index) { return {Kind::spacing, index}; }
 
+  /// Tile or gap.
   constexpr Kind kind() const { return kind_; }
+  /// Whether it is a tile and not a gap.
   constexpr bool isTile() const { return kind_ == Kind::tile; }
+  /// The index of the tile, or of that before the gap; negative before the first tile.
   constexpr Int index() const { return index_; }
 
   /// "tile(INDEX)" or "spacing(INDEX)".

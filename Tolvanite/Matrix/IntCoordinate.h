@@ -18,6 +18,7 @@ namespace tolvanite {
 /// A column and a row. Overflow in its arithmetic is fatal.
 struct IntCoordinate {
   constexpr IntCoordinate() = default;
+  /// Of any column and row, negative ones too.
   constexpr IntCoordinate(Int ownX, Int ownY) : x(ownX), y(ownY) {}
 
   /// Moved by these distances.
@@ -51,8 +52,8 @@ struct IntCoordinate {
     return out << coordinate.description();
   }
 
-  Int x = 0;
-  Int y = 0;
+  Int x = 0;  ///< The column.
+  Int y = 0;  ///< The row.
 };
 
 }  // namespace tolvanite

@@ -34,10 +34,13 @@ struct IntRect {
   constexpr detail::RectWalk<IntCoordinate> makeIterator() const {
     return {startColumn, endColumn, startRow, endRow};
   }
+  /// The cells as a range, row by row; the iterators stay good when the rect changes or ends.
+  /// @{
   constexpr detail::RectIterator<IntCoordinate> begin() const {
     return detail::RectIterator<IntCoordinate>(makeIterator());
   }
   constexpr detail::RectIterator<IntCoordinate> end() const { return {}; }
+  /// @}
 
   /// "IntRect(WIDTH x HEIGHT: startColumn: C, endColumn: C, startRow: R, endRow: R))", the second
   /// bracket at the end deliberately included.
@@ -52,10 +55,10 @@ struct IntRect {
     return out << rect.description();
   }
 
-  Int startColumn = 0;
-  Int endColumn = 0;
-  Int startRow = 0;
-  Int endRow = 0;
+  Int startColumn = 0;  ///< The first column.
+  Int endColumn = 0;    ///< The last column; none if it is before the first.
+  Int startRow = 0;     ///< The first row.
+  Int endRow = 0;       ///< The last row; none if it is before the first.
 };
 
 }  // namespace tolvanite

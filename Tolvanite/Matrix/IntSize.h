@@ -21,6 +21,7 @@ namespace tolvanite {
 /// A width and a height. Overflow in its arithmetic is fatal.
 struct IntSize {
   constexpr IntSize() = default;
+  /// Of these sides; nothing is checked.
   constexpr IntSize(Int ownWidth, Int ownHeight) : width(ownWidth), height(ownHeight) {}
   /// The width first.
   constexpr explicit IntSize(std::pair<Int, Int> tuple) : IntSize(tuple.first, tuple.second) {}
@@ -60,8 +61,8 @@ struct IntSize {
     return out << size.description();
   }
 
-  Int width = 0;
-  Int height = 0;
+  Int width = 0;   ///< The number of columns.
+  Int height = 0;  ///< The number of rows.
 };
 
 }  // namespace tolvanite

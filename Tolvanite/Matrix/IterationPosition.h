@@ -28,6 +28,7 @@ class TOLVANITE_EXPORT IterationPosition {
   /// The position once more.
   Int offset() const { return i; }
 
+  /// How many positions there are; the position may lie behind them.
   Int total() const { return total_; }
   /// A negative total is fatal.
   void setTotal(Int total, std::source_location location = std::source_location::current());

@@ -122,8 +122,11 @@ class Matrix {
   MatrixCells<Element> array() const {
     return {storage_.reader(), {.first = 0, .step = 1, .count = storage_.count()}};
   }
+  /// The cells of `array()`. Good until the matrix is changed or ends.
+  /// @{
   auto begin() const { return array().begin(); }
   auto end() const { return array().end(); }
+  /// @}
 
   /// A visible row or column. The fastest way to read them all.
   /// @{

@@ -31,6 +31,7 @@ class MatrixCells {
   class Iterator {
    public:
     using iterator_concept = std::random_access_iterator_tag;
+    /// `Optional<Element>` where a copy is as cheap as a reference, else a reference to the cell.
     using reference = detail::ReadCell<Element>;
     using iterator_category =
         std::conditional_t<std::is_reference_v<reference>, std::random_access_iterator_tag,
@@ -87,13 +88,18 @@ class MatrixCells {
   };
   using const_iterator = Iterator;
 
+  /// A line without cells.
   MatrixCells() = default;
+  /// @cond
   MatrixCells(detail::CellReader<Element> cells, detail::LineOfIndexes line)
       : cells_(cells), line_(line) {}
+  /// @endcond
 
   /// The number of cells.
   Int count() const { return line_.count; }
+  /// The same for the standard ranges.
   std::size_t size() const { return static_cast<std::size_t>(line_.count); }
+  /// Whether the line has no cells; what the cells hold does not count.
   bool isEmpty() const { return line_.count == 0; }
 
   /// A cell. An index outside of the line is fatal.
@@ -104,8 +110,12 @@ class MatrixCells {
     return cells_.read(line_.first + index * line_.step);
   }
 
+  /// From the first cell to behind the last. The iterators outlive the line, but not the next
+  /// change of the matrix.
+  /// @{
   Iterator begin() const { return Iterator(cells_, line_, 0); }
   Iterator end() const { return Iterator(cells_, line_, line_.count); }
+  /// @}
 
  private:
   detail::CellReader<Element> cells_;
@@ -114,7 +124,9 @@ class MatrixCells {
 
 }  // namespace tolvanite
 
+/// @cond
 template <typename Element>
 inline constexpr bool std::ranges::enable_borrowed_range<tolvanite::MatrixCells<Element>> = true;
 template <typename Element>
 inline constexpr bool std::ranges::enable_view<tolvanite::MatrixCells<Element>> = true;
+/// @endcond

@@ -33,8 +33,10 @@ struct TOLVANITE_EXPORT MatrixCoordinate {
   /// The ways to a neighbouring cell.
   class Direction {
    public:
+    /// Up is the next row, right the next column.
     enum Value : std::uint8_t { up, left, down, right };
 
+    /// From the enumerator. Converts back too, so that it can be compared and switched on.
     constexpr Direction(Value value) : value_(value) {}
     constexpr operator Value() const { return value_; }
 
@@ -55,13 +57,22 @@ struct TOLVANITE_EXPORT MatrixCoordinate {
   /// are places.
   /// @{
   struct ByDxDy {
+    /// How many columns rightward and rows upward.
+    /// @{
     Int dx, dy;
+    /// @}
   };
   struct ToXByDy {
+    /// The column to move to, and how many rows upward.
+    /// @{
     Int x, dy;
+    /// @}
   };
   struct ByDxToY {
+    /// How many columns rightward, and the row to move to.
+    /// @{
     Int dx, y;
+    /// @}
   };
   /// @}
 
@@ -69,6 +80,7 @@ struct TOLVANITE_EXPORT MatrixCoordinate {
   static const MatrixCoordinate zero;
 
   constexpr MatrixCoordinate() = default;
+  /// Of any column and row; whether they are those of a cell shows where a size is at hand.
   constexpr MatrixCoordinate(Int ownX, Int ownY) : x(ownX), y(ownY) {}
 
   /// The number of the cell, counted row by row from 0: `y * width + x`.
@@ -172,8 +184,8 @@ struct TOLVANITE_EXPORT MatrixCoordinate {
     return out << coordinate.description();
   }
 
-  Int x = 0;
-  Int y = 0;
+  Int x = 0;  ///< The column, counted from 0.
+  Int y = 0;  ///< The row, counted from 0.
 };
 
 inline constexpr MatrixCoordinate MatrixCoordinate::zero{};

@@ -13,10 +13,11 @@
 
 namespace tolvanite {
 
+/// What is to be drawn into one cell.
 template <typename Element>
 struct MatrixPixel {
-  MatrixCoordinate coordinate;
-  Element content;
+  MatrixCoordinate coordinate;  ///< The cell; that the matrix has it is not checked.
+  Element content;              ///< What the cell is to hold.
 
   /// "MatrixPixel(COORDINATE, CONTENT)".
   std::string description() const

@@ -76,10 +76,13 @@ struct TOLVANITE_EXPORT MatrixRect {
   constexpr detail::RectWalk<MatrixCoordinate> makeIterator() const {
     return {startColumn, endColumn, startRow, endRow};
   }
+  /// The cells as a range, row by row; the iterators stay good when the rect changes or ends.
+  /// @{
   constexpr detail::RectIterator<MatrixCoordinate> begin() const {
     return detail::RectIterator<MatrixCoordinate>(makeIterator());
   }
   constexpr detail::RectIterator<MatrixCoordinate> end() const { return {}; }
+  /// @}
 
   /// "MatrixRect(WIDTH x HEIGHT: startColumn: C, endColumn: C, startRow: R, endRow: R))", the
   /// second bracket at the end deliberately included.
@@ -90,10 +93,10 @@ struct TOLVANITE_EXPORT MatrixRect {
     return out << rect.description();
   }
 
-  Int startColumn = 0;
-  Int endColumn = -1;
-  Int startRow = 0;
-  Int endRow = -1;
+  Int startColumn = 0;  ///< The first column.
+  Int endColumn = -1;   ///< The last column; none if it is before the first.
+  Int startRow = 0;     ///< The first row.
+  Int endRow = -1;      ///< The last row; none if it is before the first.
 };
 
 }  // namespace tolvanite

@@ -49,6 +49,7 @@ struct TOLVANITE_EXPORT MatrixSize {
   static const MatrixSize max;
 
   constexpr MatrixSize() = default;
+  /// Of these sides; nothing is checked.
   constexpr MatrixSize(Int ownWidth, Int ownHeight) : width(ownWidth), height(ownHeight) {}
   /// The width first.
   constexpr explicit MatrixSize(std::pair<Int, Int> tuple)
@@ -204,8 +205,8 @@ struct TOLVANITE_EXPORT MatrixSize {
     return out << size.description();
   }
 
-  Int width = 0;
-  Int height = 0;
+  Int width = 0;   ///< The number of columns.
+  Int height = 0;  ///< The number of rows.
 };
 
 inline constexpr MatrixSize MatrixSize::max{std::numeric_limits<Int>::max(),

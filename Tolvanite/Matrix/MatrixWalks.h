@@ -18,7 +18,9 @@ namespace tolvanite {
 template <typename Element>
 class RawCellWalk : public detail::PulledRange<RawCellWalk<Element>, Optional<Element>> {
  public:
+  /// @cond
   explicit RawCellWalk(detail::CellStorage<Element> storage) : storage_(std::move(storage)) {}
+  /// @endcond
 
   /// Sets `cell` to the next one, which may be absent; false behind the last.
   bool pull(Optional<Element>& cell) {
@@ -36,9 +38,11 @@ class RawCellWalk : public detail::PulledRange<RawCellWalk<Element>, Optional<El
 template <typename Element>
 class SetCoordinateWalk : public detail::PulledRange<SetCoordinateWalk<Element>, MatrixCoordinate> {
  public:
+  /// @cond
   SetCoordinateWalk(detail::CellStorage<Element> storage, const detail::MatrixLayout& layout,
                     std::source_location location)
       : storage_(std::move(storage)), layout_(layout), location_(location) {}
+  /// @endcond
 
   /// Sets `coordinate` to the next one; false behind the last.
   bool pull(MatrixCoordinate& coordinate) {

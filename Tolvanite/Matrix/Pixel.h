@@ -17,6 +17,7 @@ namespace tolvanite {
 /// Red, green, blue and opacity, 0 to 255 each; opaque black if made without arguments.
 struct Pixel {
   constexpr Pixel() = default;
+  /// Of these components; opaque unless told.
   constexpr Pixel(std::uint8_t red, std::uint8_t green, std::uint8_t blue, std::uint8_t alpha = 255)
       : r(red), g(green), b(blue), a(alpha) {}
 
@@ -31,10 +32,10 @@ struct Pixel {
     return out << pixel.description();
   }
 
-  std::uint8_t r = 0;
-  std::uint8_t g = 0;
-  std::uint8_t b = 0;
-  std::uint8_t a = 255;
+  std::uint8_t r = 0;    ///< Red.
+  std::uint8_t g = 0;    ///< Green.
+  std::uint8_t b = 0;    ///< Blue.
+  std::uint8_t a = 255;  ///< Opacity, from 0, transparent, to 255, opaque.
 };
 
 static_assert(sizeof(Pixel) == 4 && alignof(Pixel) == 1 && std::is_trivially_copyable_v<Pixel> &&

@@ -12,8 +12,10 @@
 
 namespace tolvanite {
 
+/// A place on the plane, in whatever unit the host measures; (0, 0) if made without arguments.
 struct CGPoint {
   constexpr CGPoint() = default;
+  /// The point at these distances from the origin of the plane.
   constexpr CGPoint(double ownX, double ownY) : x(ownX), y(ownY) {}
 
   /// "(X, Y)".
@@ -24,12 +26,14 @@ struct CGPoint {
     return out << point.description();
   }
 
-  double x = 0;
-  double y = 0;
+  double x = 0;  ///< Grows rightward.
+  double y = 0;  ///< Grows upward.
 };
 
+/// A width and a height, or the way from one point to another; (0, 0) if made without arguments.
 struct CGSize {
   constexpr CGSize() = default;
+  /// Of these lengths, which may be negative; nothing is checked.
   constexpr CGSize(double ownWidth, double ownHeight) : width(ownWidth), height(ownHeight) {}
 
   /// "(WIDTH, HEIGHT)".
@@ -40,16 +44,19 @@ struct CGSize {
     return out << size.description();
   }
 
-  double width = 0;
-  double height = 0;
+  double width = 0;   ///< Rightward; leftward if negative.
+  double height = 0;  ///< Upward; downward if negative.
 };
 
 /// A rectangle by one corner and the way from it to the opposite one, which may lead backward.
 struct CGRect {
   constexpr CGRect() = default;
+  /// The rectangle between a corner and the point that far from it.
+  /// @{
   constexpr CGRect(CGPoint ownOrigin, CGSize ownSize) : origin(ownOrigin), size(ownSize) {}
   constexpr CGRect(double x, double y, double width, double height)
       : CGRect(CGPoint(x, y), CGSize(width, height)) {}
+  /// @}
 
   /// The edges, in their order on the plane whatever the signs of the size.
   /// @{
@@ -70,13 +77,17 @@ struct CGRect {
     return out << rect.description();
   }
 
+  /// A corner: the lower left one if the size is not negative.
   CGPoint origin;
+  /// From that corner to the opposite one. Two rectangles of the same edges but other signs are not
+  /// equal.
   CGSize size;
 };
 
-/// Margins at the four edges of a rectangle.
+/// Margins at the four edges of a rectangle, measured inward; 0 if made without arguments.
 struct NSEdgeInsets {
   constexpr NSEdgeInsets() = default;
+  /// In the order of the edges counter-clockwise from the top; nothing is checked.
   constexpr NSEdgeInsets(double ownTop, double ownLeft, double ownBottom, double ownRight)
       : top(ownTop), left(ownLeft), bottom(ownBottom), right(ownRight) {}
 
@@ -91,10 +102,13 @@ struct NSEdgeInsets {
     return out << insets.description();
   }
 
+  /// The distance from that edge of the rectangle inward; outward if negative.
+  /// @{
   double top = 0;
   double left = 0;
   double bottom = 0;
   double right = 0;
+  /// @}
 };
 
 }  // namespace tolvanite

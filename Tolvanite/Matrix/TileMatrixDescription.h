@@ -35,6 +35,7 @@ struct TOLVANITE_EXPORT TileMatrixDescription {
   };
 
   TileMatrixDescription() = default;
+  /// Of known parts; nothing is checked. `from` computes them from a frame.
   TileMatrixDescription(MatrixSize ownMatrixSize, CGPoint ownOrigin, CGSize ownTileSize)
       : matrixSize(ownMatrixSize), origin(ownOrigin), tileSize(ownTileSize) {}
 
@@ -73,9 +74,9 @@ struct TOLVANITE_EXPORT TileMatrixDescription {
     return out << tiles.description();
   }
 
-  MatrixSize matrixSize;
-  CGPoint origin;
-  CGSize tileSize;
+  MatrixSize matrixSize;  ///< The numbers of columns and rows.
+  CGPoint origin;         ///< Where the lower left tile begins in the frame.
+  CGSize tileSize;        ///< The size of each tile, not rounded.
 };
 
 }  // namespace tolvanite

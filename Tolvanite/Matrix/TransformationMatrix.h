@@ -29,6 +29,8 @@ struct TOLVANITE_EXPORT TransformationMatrix {
   /// behind a flip. `nune`, spelt so, leaves all as it is.
   class Direction {
    public:
+    /// What (x, y) becomes about (0, 0): `left` (-y, x), `leftLeft` (-x, -y), `right` (y, -x),
+    /// `flipped` (-x, y), `flippedLeft` (x, -y), `flippedLeftLeft` (y, x), `flippedRight` (-y, -x).
     enum Value : std::uint8_t {
       nune,
       left,
@@ -40,6 +42,7 @@ struct TOLVANITE_EXPORT TransformationMatrix {
       flippedRight
     };
 
+    /// From the enumerator. Converts back too, so that it can be compared and switched on.
     constexpr Direction(Value value) : value_(value) {}
     constexpr operator Value() const { return value_; }
 
@@ -60,6 +63,7 @@ struct TOLVANITE_EXPORT TransformationMatrix {
   static const TransformationMatrix identity;
 
   constexpr TransformationMatrix() = default;
+  /// Of any six factors; whether the map has an inverse is not asked.
   constexpr TransformationMatrix(Int ownA, Int ownB, Int ownC, Int ownD, Int ownTx, Int ownTy)
       : a(ownA), b(ownB), c(ownC), d(ownD), tx(ownTx), ty(ownTy) {}
 
@@ -116,12 +120,12 @@ struct TOLVANITE_EXPORT TransformationMatrix {
     return out << matrix.description();
   }
 
-  Int a = 1;
-  Int b = 0;
-  Int c = 0;
-  Int d = 1;
-  Int tx = 0;
-  Int ty = 0;
+  Int a = 1;   ///< What x adds to the new x.
+  Int b = 0;   ///< What x adds to the new y.
+  Int c = 0;   ///< What y adds to the new x.
+  Int d = 1;   ///< What y adds to the new y.
+  Int tx = 0;  ///< The distance added to the new x.
+  Int ty = 0;  ///< The distance added to the new y.
 };
 
 inline constexpr TransformationMatrix TransformationMatrix::identity{};
