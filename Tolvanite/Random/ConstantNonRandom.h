@@ -20,8 +20,10 @@ class ConstantNonRandom : public RandomWordGeneratorDefaults<ConstantNonRandom> 
   /// ways of making one meet the same failures.
   TOLVANITE_EXPORT explicit ConstantNonRandom(std::uint64_t seed);
 
+  /// Every word that is drawn; may be set between draws.
   std::uint64_t value;
 
+  /// The `value`.
   constexpr std::uint64_t randomWord() { return value; }
 
   friend bool operator==(const ConstantNonRandom&, const ConstantNonRandom&) = default;

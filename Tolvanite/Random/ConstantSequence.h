@@ -12,9 +12,11 @@
 
 namespace tolvanite {
 
+/// A sequence without end. An algorithm that wants all of it never returns.
 template <typename T>
 class ConstantSequence {
  public:
+  /// Gives the element for ever. Has a copy of it, and may outlive the sequence.
   class Iterator {
    public:
     /// The element; never absent.
@@ -27,14 +29,20 @@ class ConstantSequence {
     T element_;
   };
 
+  /// The element to repeat.
   explicit ConstantSequence(T element) : element_(std::move(element)) {}
 
+  /// The element that is repeated.
   const T& element() const { return element_; }
 
+  /// An iterator that is pulled by `next()`.
   Iterator makeIterator() const { return Iterator(element_); }
 
+  /// A further iterator as an input range for `for` and std::views; its end is never reached.
+  /// @{
   auto begin() const { return detail::NextIterator(makeIterator()); }
   std::default_sentinel_t end() const { return {}; }
+  /// @}
 
  private:
   T element_;

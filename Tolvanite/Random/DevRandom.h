@@ -25,6 +25,7 @@ class TOLVANITE_EXPORT DevRandom : public RandomGeneratorDefaults<DevRandom> {
     FileDescriptor& operator=(const FileDescriptor&) = delete;
     ~FileDescriptor();
 
+    /// The number that the system calls it by; never negative, as failing to open is fatal.
     const std::int32_t fd;
   };
 

@@ -62,7 +62,9 @@ class InfiniteSequence {
       : elements_(std::make_shared<const std::vector<T>>(std::move(elements))),
         startIndex_(startIndex) {}
 
+  /// The array that is walked through. Good while a copy of the sequence exists.
   const std::vector<T>& elements() const { return *elements_; }
+  /// The index of the element to start with, which may be outside of the array.
   Int startIndex() const { return startIndex_; }
 
   /// An iterator at the start. Fatal if no element has that index; so no empty array has one.
@@ -71,8 +73,12 @@ class InfiniteSequence {
     return InfiniteIterator<T>(elements_, startIndex_, location);
   }
 
+  /// The elements from the start on as an input range for `for` and std::views; its end is never
+  /// reached. `begin` is fatal if no element has the start index.
+  /// @{
   auto begin() const { return detail::NextIterator(makeIterator()); }
   std::default_sentinel_t end() const { return {}; }
+  /// @}
 
  private:
   std::shared_ptr<const std::vector<T>> elements_;

@@ -19,8 +19,10 @@ class Lfsr176 : public RandomWordGeneratorDefaults<Lfsr176> {
   /// Takes the words as they are. For the full period they have to be at least 2, 64 and 512.
   constexpr Lfsr176(std::uint64_t z1, std::uint64_t z2, std::uint64_t z3) : state{z1, z2, z3} {}
 
+  /// All that the next words depend on: set to what it was, the generator gives the same again.
   std::array<std::uint64_t, 3> state;
 
+  /// The next word: one step of each component, and the exclusive-or of the three.
   constexpr std::uint64_t randomWord() {
     auto [z1, z2, z3] = state;
     z1 = ((z1 & ~1ULL) << 24) ^ (((z1 << 5) ^ z1) >> 39);

@@ -22,8 +22,11 @@ class Lfsr258 : public RandomWordGeneratorDefaults<Lfsr258> {
                     std::uint64_t z5)
       : state{z1, z2, z3, z4, z5} {}
 
+  /// All that the next words depend on: set to what it was, the generator gives the same again.
   std::array<std::uint64_t, 5> state;
 
+  /// The next word: one step of each component, and the exclusive-or of the five (P. L'Ecuyer,
+  /// "Tables of Maximally Equidistributed Combined LFSR Generators", 1999).
   constexpr std::uint64_t randomWord() {
     auto [z1, z2, z3, z4, z5] = state;
     z1 = ((z1 & ~1ULL) << 10) ^ (((z1 << 1) ^ z1) >> 53);

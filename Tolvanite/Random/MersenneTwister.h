@@ -17,11 +17,12 @@ namespace tolvanite {
 
 class MersenneTwister : public RandomWordGeneratorDefaults<MersenneTwister> {
  public:
+  /// The number of words of the state: new ones are made after so many draws.
   static constexpr Int wordCount = 312;
 
   /// Seeds from the system's random device. Fatal if that fails.
   TOLVANITE_EXPORT MersenneTwister();
-  /// Seeds from one word.
+  /// Seeds from one word, as std::mt19937_64 does.
   constexpr explicit MersenneTwister(std::uint64_t seed) {
     state_internal[0] = seed;
     for (std::size_t i = 1; i < state_internal.size(); ++i) {
@@ -30,11 +31,14 @@ class MersenneTwister : public RandomWordGeneratorDefaults<MersenneTwister> {
     }
   }
 
-  /// The words from which the next ones are made, and the place of the next to give out; all given
-  /// out makes new ones at the next draw.
+  /// The words from which the next ones are made. All that the next words depend on, together with
+  /// `index`: set to what they were, the generator gives the same again.
   std::array<std::uint64_t, wordCount> state_internal{};
+  /// The place of the next word to give out. Outside of the words, as at the start, the next draw
+  /// makes new ones.
   Int index = wordCount;
 
+  /// The next word, tempered. Every 312th draw makes the words anew and takes longer for it.
   constexpr std::uint64_t randomWord() {
     if (static_cast<std::uint64_t>(index) >= wordCount) {
       regenerate();

@@ -51,18 +51,28 @@ class TOLVANITE_EXPORT NameGenerator : public std::enable_shared_from_this<NameG
                                              std::string_view lettersString,
                                              std::string_view prefix);
 
+  /// What the generator was made with: the number of characters behind the prefix. Nothing is
+  /// checked before names are asked for.
+  /// @{
   Int maxLength() const { return maxLength_; }
   Int minLength() const { return minLength_; }
+  /// @}
   /// The characters, as a reader sees them, each a text of its own.
   const std::vector<std::string>& letters() const { return letters_; }
+  /// How many characters there are to choose from for each place of a name.
   Int lettersCount() const { return static_cast<Int>(letters_.size()); }
+  /// What every name begins with; does not count in its length.
   const std::string& prefix() const { return prefix_; }
 
   /// An iterator at the first name.
   Iterator makeIterator() const { return Iterator(shared_from_this()); }
 
+  /// The names from the first on as an input range for `for` and std::views. The iterator keeps the
+  /// generator, and makes a name when it is looked at.
+  /// @{
   auto begin() const { return detail::NextIterator(makeIterator()); }
   std::default_sentinel_t end() const { return {}; }
+  /// @}
 
  private:
   NameGenerator(Int minLength, Int maxLength, std::string_view lettersString,

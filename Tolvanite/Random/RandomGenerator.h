@@ -88,11 +88,10 @@ class RandomGeneratorDefaults {
  public:
   using result_type = std::uint64_t;
 
-  /// The range of `operator()`.
-  /// @{
+  /// The least that `operator()` can give: 0.
   static constexpr result_type min() { return 0; }
+  /// The greatest that `operator()` can give: 2^64 - 1.
   static constexpr result_type max() { return std::numeric_limits<result_type>::max(); }
-  /// @}
 
   /// `random64()`, under the name that the standard library calls.
   constexpr result_type operator()() { return self().random64(); }
@@ -117,14 +116,13 @@ class RandomGeneratorDefaults {
 
   /// A number from 0 to `max`, both included; 0 without a draw for a `max` of 0. A generator that
   /// gives nothing but small numbers may never return.
-  /// @{
   constexpr std::uint64_t random64(std::uint64_t max) {
     return detail::drawUpTo(max, [this] { return self().random64(); });
   }
+  /// A number from 0 to `max` as by `random64(max)`, but from draws of 32 bits: other numbers.
   constexpr std::uint32_t random32(std::uint32_t max) {
     return detail::drawUpTo(max, [this] { return self().random32(); });
   }
-  /// @}
 
   /// A number from 0, included, to 1, not included.
   constexpr double randomHalfOpen() { return halfOpenDoubleFrom64(self().random64()); }
@@ -146,6 +144,7 @@ class RandomWordGeneratorDefaults : public RandomGeneratorDefaults<Derived> {
   using Base = RandomGeneratorDefaults<Derived>;
 
  public:
+  /// What `randomWord` gives.
   using WordType = std::uint64_t;
 
   using Base::random32;

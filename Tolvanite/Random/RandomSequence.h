@@ -22,6 +22,7 @@ namespace tolvanite {
 template <typename T>
 class RandomSequence {
  public:
+  /// Draws from the array, and keeps it.
   class Iterator {
    public:
     /// One of the elements, all equally likely, by one draw from the system's random source (see
@@ -40,15 +41,22 @@ class RandomSequence {
     std::shared_ptr<const std::vector<T>> elements_;
   };
 
+  /// The elements to draw from; there may be none.
   explicit RandomSequence(std::vector<T> elements)
       : elements_(std::make_shared<const std::vector<T>>(std::move(elements))) {}
 
+  /// The array that is drawn from. Good while a copy of the sequence exists.
   const std::vector<T>& elements() const { return *elements_; }
 
+  /// An iterator that is pulled by `next()`.
   Iterator makeIterator() const { return Iterator(elements_); }
 
+  /// Elements as an input range for `for` and std::views, one drawn when it is looked at. The end
+  /// is reached at once if there are no elements, and else never.
+  /// @{
   auto begin() const { return detail::NextIterator(makeIterator()); }
   std::default_sentinel_t end() const { return {}; }
+  /// @}
 
  private:
   std::shared_ptr<const std::vector<T>> elements_;

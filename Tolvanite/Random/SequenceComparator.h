@@ -38,10 +38,16 @@ class SequenceComparator {
   }
   /// @}
 
+  /// The elements of that side, each once, as they were when the comparator was made.
+  /// @{
   const Set<T>& left() const { return left_; }
   const Set<T>& right() const { return right_; }
+  /// @}
+  /// The name of that side for whoever shows the results; absent if none was given.
+  /// @{
   const Optional<std::string>& nameLeft() const { return nameLeft_; }
   const Optional<std::string>& nameRight() const { return nameRight_; }
+  /// @}
 
   /// What is left and not right.
   const Set<T>& onlyLeft() const {

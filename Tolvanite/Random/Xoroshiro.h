@@ -23,8 +23,10 @@ class Xoroshiro : public RandomWordGeneratorDefaults<Xoroshiro> {
   /// Takes the words as they are. Of zeros alone comes nothing but zeros.
   constexpr Xoroshiro(std::uint64_t s0, std::uint64_t s1) : state{s0, s1} {}
 
+  /// All that the next words depend on: set to what it was, the generator gives the same again.
   std::array<std::uint64_t, 2> state;
 
+  /// The next word: the sum of the two words of the state, which then takes one step.
   constexpr std::uint64_t randomWord() {
     const auto [s0, s1] = state;
     const std::uint64_t mixed = s0 ^ s1;
