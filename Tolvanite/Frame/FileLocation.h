@@ -40,9 +40,11 @@ class TOLVANITE_EXPORT FileLocation {
   /// "file:///" or "file://localhost/", or has a "%" that two hexadecimal digits do not follow.
   static Optional<FileLocation> fromAbsoluteString(std::string_view text);
 
-  /// The path, without a "/" at its end unless it is the root.
+  /// The path, without a "/" at its end unless it is the root. A temporary gives it away.
+  /// @{
   const std::string& path() const& noexcept { return path_; }
   std::string path() && noexcept { return std::move(path_); }
+  /// @}
   /// The path for the standard library.
   std::filesystem::path filesystemPath() const { return path_; }
 

@@ -73,9 +73,12 @@ class Optional : public std::optional<T> {
   constexpr Optional() noexcept = default;
   constexpr Optional(const Optional&) = default;
   constexpr Optional(Optional&&) = default;
+  /// The same, present or absent, as the standard type has it.
+  /// @{
   constexpr Optional(const Base& other) : Base(other) {}
   constexpr Optional(Base&& other) noexcept(std::is_nothrow_move_constructible_v<T>)
       : Base(std::move(other)) {}
+  /// @}
   constexpr Optional& operator=(const Optional&) = default;
   constexpr Optional& operator=(Optional&&) = default;
   ~Optional() = default;
@@ -92,9 +95,11 @@ class Optional : public std::optional<T> {
 
   /// The same optional under its standard type. Needed only where T takes anything, as std::any
   /// does, and a plain conversion would wrap the optional itself.
+  /// @{
   constexpr Base& base() & noexcept { return *this; }
   constexpr const Base& base() const& noexcept { return *this; }
   constexpr Base&& base() && noexcept { return std::move(*this); }
+  /// @}
 
   /// Whether a value is present. An optional truth value offers no such test, deliberately: it
   /// would be read as the value itself, and a std::optional<bool> made from it would take it so.
@@ -133,6 +138,7 @@ class Optional : public std::optional<T> {
 
   /// The value. Fatal when absent: "Optional.forced: " and the message, which may be a block that
   /// is called only then. On a temporary the value is moved out.
+  /// @{
   template <MessageOrBlock Message>
   const T& forced(Message&& message,
                   std::source_location location = std::source_location::current()) const& {
@@ -149,10 +155,12 @@ class Optional : public std::optional<T> {
     if (isNone()) failForced(std::forward<Message>(message), location);
     return *std::move(*this);
   }
+  /// @}
 
   /// The value as a U by its dynamic type: the same type, what a std::any or std::variant holds, a
   /// pointer or std::shared_ptr to the object's class or a base of it. Numbers are not converted.
   /// Fatal when absent or of another type: "Cannot cast VALUE to U.".
+  /// @{
   template <typename U>
   U forcedCast(std::source_location location = std::source_location::current()) const& {
     return forcedCastOf<U>(*this, location);
@@ -161,8 +169,10 @@ class Optional : public std::optional<T> {
   U forcedCast(std::source_location location = std::source_location::current()) && {
     return forcedCastOf<U>(std::move(*this), location);
   }
+  /// @}
 
   /// The value; when absent, what `block` returns. `block` is called only then.
+  /// @{
   template <std::invocable Callable>
     requires std::convertible_to<std::invoke_result_t<Callable>, T>
   constexpr T whenNil(Callable&& block) const& {
@@ -174,9 +184,11 @@ class Optional : public std::optional<T> {
     return isSome() ? T(*std::move(*this))
                     : static_cast<T>(std::invoke(std::forward<Callable>(block)));
   }
+  /// @}
 
   /// The optional unchanged; when absent, prints
   /// `❌❌❌ Optional.supposed: "MESSAGE" ❌❌❌` first.
+  /// @{
   template <MessageOrBlock Message>
   const Optional& nilPrint(Message&& message) const& {
     printWhenNil(std::forward<Message>(message));
@@ -187,8 +199,10 @@ class Optional : public std::optional<T> {
     printWhenNil(std::forward<Message>(message));
     return std::move(*this);
   }
+  /// @}
 
   /// The optional unchanged when a value is present and `predicate` holds for it, else absent.
+  /// @{
   template <std::predicate<const T&> Predicate>
   constexpr Optional filter(Predicate&& predicate) const& {
     return passes(std::forward<Predicate>(predicate)) ? *this : Optional();
@@ -197,8 +211,10 @@ class Optional : public std::optional<T> {
   constexpr Optional filter(Predicate&& predicate) && {
     return passes(std::forward<Predicate>(predicate)) ? std::move(*this) : Optional();
   }
+  /// @}
 
   /// The optional unchanged when a value is present, else the value that `block` returns.
+  /// @{
   template <std::invocable Callable>
     requires std::convertible_to<std::invoke_result_t<Callable>, T>
   constexpr Optional mapNil(Callable&& block) const& {
@@ -211,8 +227,10 @@ class Optional : public std::optional<T> {
     if (isSome()) return std::move(*this);
     return Optional(std::in_place, std::invoke(std::forward<Callable>(block)));
   }
+  /// @}
 
   /// The optional unchanged when a value is present, else the optional that `block` returns.
+  /// @{
   template <std::invocable Callable>
     requires std::convertible_to<std::invoke_result_t<Callable>, Optional>
   constexpr Optional flatMapNil(Callable&& block) const& {
@@ -225,8 +243,10 @@ class Optional : public std::optional<T> {
     if (isSome()) return std::move(*this);
     return std::invoke(std::forward<Callable>(block));
   }
+  /// @}
 
   /// Calls `block` with the value when one is present.
+  /// @{
   template <std::invocable<const T&> Callable>
   constexpr void then(Callable&& block) const& {
     if (isSome()) std::invoke(std::forward<Callable>(block), **this);
@@ -235,8 +255,10 @@ class Optional : public std::optional<T> {
   constexpr void then(Callable&& block) && {
     if (isSome()) std::invoke(std::forward<Callable>(block), *std::move(*this));
   }
+  /// @}
 
   /// `f` of the value when present, else `defaultValue`; the result has the common type of both.
+  /// @{
   template <typename Default, std::invocable<const T&> F>
   constexpr auto maybe(Default&& defaultValue, F&& f) const& {
     using Result = std::common_type_t<std::decay_t<Default>, std::invoke_result_t<F, const T&>>;
@@ -249,8 +271,10 @@ class Optional : public std::optional<T> {
     if (isSome()) return static_cast<Result>(std::invoke(std::forward<F>(f), *std::move(*this)));
     return static_cast<Result>(std::forward<Default>(defaultValue));
   }
+  /// @}
 
   /// Calls `block` with the value when one is present; gives the optional unchanged.
+  /// @{
   template <std::invocable<const T&> Callable>
   constexpr const Optional& onSome(Callable&& block) const& {
     if (isSome()) std::invoke(std::forward<Callable>(block), **this);
@@ -261,8 +285,10 @@ class Optional : public std::optional<T> {
     if (isSome()) std::invoke(std::forward<Callable>(block), std::as_const(**this));
     return std::move(*this);
   }
+  /// @}
 
   /// Calls `block` when no value is present; gives the optional unchanged.
+  /// @{
   template <std::invocable Callable>
   constexpr const Optional& onNone(Callable&& block) const& {
     if (isNone()) std::invoke(std::forward<Callable>(block));
@@ -273,6 +299,7 @@ class Optional : public std::optional<T> {
     if (isNone()) std::invoke(std::forward<Callable>(block));
     return std::move(*this);
   }
+  /// @}
 
   /// The text that belongs to the truth value.
   std::string toString(std::string_view whenTrue, std::string_view whenFalse,
@@ -312,10 +339,14 @@ class Optional : public std::optional<T> {
   }
 };
 
+/// `Optional(value)` is an optional of the value's type, and `Optional(standard)` the same optional
+/// and none in another.
+/// @{
 template <typename T>
 Optional(T) -> Optional<T>;
 template <typename T>
 Optional(std::optional<T>) -> Optional<T>;
+/// @}
 
 namespace detail {
 

@@ -72,7 +72,9 @@ class TOLVANITE_EXPORT TextEncoding {
   friend TOLVANITE_EXPORT std::ostream& operator<<(std::ostream& out, TextEncoding encoding);
 
  private:
+  /// @cond
   friend std::hash<TextEncoding>;
+  /// @endcond
 
   constexpr explicit TextEncoding(std::uint8_t index) noexcept : index_(index) {}
 
