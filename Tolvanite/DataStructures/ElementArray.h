@@ -165,6 +165,7 @@ class ElementArray {
   /// @endcond
 };
 
+/// `ElementArray(range)` holds elements of the range's type.
 template <typename Range>
 ElementArray(Range&&) -> ElementArray<std::ranges::range_value_t<Range>>;
 

@@ -157,6 +157,7 @@ class ElementSet {
   /// @endcond
 };
 
+/// `ElementSet(range)` holds elements of the range's type.
 template <typename Range>
 ElementSet(Range&&) -> ElementSet<std::ranges::range_value_t<Range>>;
 

@@ -46,7 +46,7 @@ class IndexedCollection : public detail::Described {
  protected:
   ~IndexedCollection() = default;
 
-  // The element, or absent when the index is not below the count.
+  /// The element; absent when the index is not below the count. A negative index is fatal.
   Optional<T> elementIfAt(Int index) const {
     return index < count() ? Optional<T>(shown()[index]) : Optional<T>();
   }

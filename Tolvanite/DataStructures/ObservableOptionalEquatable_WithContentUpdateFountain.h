@@ -26,8 +26,10 @@ class ObservableOptionalEquatable_WithContentUpdateFountain final
 
  public:
   /// The listeners to new content of an element that stays the same. `set` does not call them.
+  /// @{
   Fountain<T>& fountainContentUpdate() noexcept { return fountainContentUpdate_; }
   const Fountain<T>& fountainContentUpdate() const noexcept { return fountainContentUpdate_; }
+  /// @}
 
   /// Replaces the value by an equal one and calls the listeners of `fountainContentUpdate`, but
   /// those owned by `doNotInformSender`. That both are equal is the caller's promise: an absent

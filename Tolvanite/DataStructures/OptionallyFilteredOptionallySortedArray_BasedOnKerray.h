@@ -278,6 +278,7 @@ void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::applyFilterAndSor
   hasOwnArray_ = filterBlock_ || sortBlock_;
 }
 
+/// @cond
 // The base elements that pass a filter, in the base's order. `visit` gets each of them and the
 // index that it is about to have.
 template <EquatableKeyedElement T>
@@ -299,6 +300,7 @@ auto OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::passingBaseElemen
   }
   return array;
 }
+/// @endcond
 
 template <EquatableKeyedElement T>
 void OptionallyFilteredOptionallySortedArray_BasedOnKerray<T>::adopt(Store array) {

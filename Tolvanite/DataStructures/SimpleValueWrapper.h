@@ -20,6 +20,7 @@ class SimpleValueWrapper {
   SimpleValueWrapper(const SimpleValueWrapper&) = delete;
   SimpleValueWrapper& operator=(const SimpleValueWrapper&) = delete;
 
+  /// What `make` was given.
   const T value;
 
  private:
