@@ -48,9 +48,9 @@ TOLVANITE_EXPORT std::string ensuringSuffix(std::string_view text, std::string_v
 
 /// What two texts begin with, and what they are behind it.
 struct CommonPrefix {
-  std::string prefix;
-  std::string remainder;
-  std::string otherRemainder;
+  std::string prefix;          ///< The whole characters that both begin with; never empty.
+  std::string remainder;       ///< The rest of the first text; may be empty.
+  std::string otherRemainder;  ///< The rest of the other text; may be empty.
 
   friend bool operator==(const CommonPrefix&, const CommonPrefix&) = default;
 };

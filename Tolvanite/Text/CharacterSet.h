@@ -22,8 +22,8 @@ class TOLVANITE_EXPORT CharacterSet {
  public:
   /// The code points from `first` to `last`, both included.
   struct Range {
-    char32_t first;
-    char32_t last;
+    char32_t first;  ///< The lowest code point.
+    char32_t last;   ///< The highest code point; below the first, the range is empty.
     friend bool operator==(const Range&, const Range&) = default;
   };
 

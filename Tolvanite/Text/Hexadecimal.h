@@ -17,11 +17,11 @@
 
 namespace tolvanite {
 
-/// How the numbers of a text are written. The prefix stands before each of them.
+/// How the numbers of a text are written. Refers to the texts that it was given.
 struct HexadecimalForm {
-  bool uppercase = false;
-  std::string_view prefix = {};
-  std::string_view separator = {};
+  bool uppercase = false;           ///< Whether the digits above 9 are A to F and not a to f.
+  std::string_view prefix = {};     ///< What stands before each number, as "0x".
+  std::string_view separator = {};  ///< What stands between two numbers.
 };
 
 /// Each byte of the text as two digits.

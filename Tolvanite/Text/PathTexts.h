@@ -41,9 +41,9 @@ TOLVANITE_EXPORT std::string tvStringWithLowercasedExtension(std::string_view pa
 
 /// A file name taken apart.
 struct FileNameParts {
-  std::string basename;
-  Optional<std::string> suffix;
-  Optional<std::string> ext;
+  std::string basename;          ///< What stands before the suffix and the extension.
+  Optional<std::string> suffix;  ///< The six capitals, without the "_" before them.
+  Optional<std::string> ext;     ///< The extension, without the "." before it.
 
   friend bool operator==(const FileNameParts&, const FileNameParts&) = default;
 };

@@ -13,9 +13,11 @@
 
 namespace tolvanite {
 
-/// The plain terms and the tagged ones as pairs of key and value, both in text order.
+/// The terms of a search, in text order.
 struct SearchTerms {
+  /// The plain terms, which may be empty texts.
   std::vector<std::string> terms;
+  /// The tagged terms as pairs of key and value, each of which may be empty.
   std::vector<std::pair<std::string, std::string>> taggedTerms;
 
   friend bool operator==(const SearchTerms&, const SearchTerms&) = default;

@@ -21,6 +21,7 @@ struct WebLink {
   /// The link with a scheme: "http://" stands before one that was written without.
   std::string location;
 
+  /// The location.
   std::string description() const { return location; }
 
   friend bool operator==(const WebLink&, const WebLink&) = default;
