@@ -48,12 +48,14 @@ class TOLVANITE_EXPORT JSONSerialization {
   /// value counts. Containers may be nested 512 deep. Throws an Errur for anything else, a number
   /// that no double can hold among it. Elements of one text share its memory as long as any of them
   /// is there. A thread keeps some room for its next text, for a large one only between large ones.
+  /// @{
   static ManagedObject JSONObjectWithData(std::string_view text,
                                           ReadingOptions options = ReadingOptions::none);
   static ManagedObject JSONObjectWithData(const ByteBuffer& data,
                                           ReadingOptions options = ReadingOptions::none) {
     return JSONObjectWithData(data.text(), options);
   }
+  /// @}
 
   /// The JSON text of an element. Throws an Errur for what JSON can't say: numbers that are not
   /// finite, wrapped values of other kinds, texts that are not UTF-8, and a root that is neither an
@@ -67,18 +69,22 @@ class TOLVANITE_EXPORT JSONSerialization {
   }
   /// @}
 
+  /// How deep containers may be nested in a text that is read; "[[]]" is 2 deep.
   static constexpr int greatestDepth = 512;
 };
 
 class TOLVANITE_EXPORT JSONSerialization::Errur final : public Error {
  public:
+  /// A text that was not read, or an element that was not written.
   enum class Case { malformedText, unwritableObject };
 
   /// What is wrong, and at which byte of the text it begins.
   static Errur malformedText(std::string_view what, Int byteOffset);
+  /// What JSON can't hold. The error's text is "JSON can't hold this: " and `what`.
   static Errur unwritableObject(std::string_view what);
   ~Errur() override;
 
+  /// Whether reading or writing failed.
   Case errorCase() const noexcept { return case_; }
   /// The place in the text that was read; 0 for what was not written.
   Int byteOffset() const noexcept { return byteOffset_; }

@@ -50,11 +50,14 @@ class JsonPlace;
 
 class TOLVANITE_EXPORT Json {
  public:
+  /// The types that go with a Json, under short names: `Json::JsonType::array`.
+  /// @{
   using JsonType = tolvanite::JsonType;
   using JsonError = tolvanite::JsonError;
   using Index = JsonIndex<ManagedObject>;
   using ReadingOptions = JSONSerialization::ReadingOptions;
   using WritingOptions = JSONSerialization::WritingOptions;
+  /// @}
   /// What iterating gives: a key, or an index as text, and the value there.
   using Element = std::pair<std::string, Json>;
   class Iterator;
@@ -86,6 +89,7 @@ class TOLVANITE_EXPORT Json {
   }
   /// @}
   ~Json() = default;
+  /// Exchanges the values, and the errors with them.
   void swap(Json& other) noexcept {
     content_.swap(other.content_);
     std::swap(type_, other.type_);
@@ -120,7 +124,10 @@ class TOLVANITE_EXPORT Json {
   /// Deliberately dead: fatal, "who uses this". `managedJsonObject` is meant.
   [[noreturn]] static void object(std::source_location location = std::source_location::current());
 
+  /// What it is: null, too, if it was not there.
   JsonType type() const noexcept { return type_; }
+  /// Why there is no value: `unsupportedType` for an unknown one, else why it is null; absent for
+  /// all that was there, a null of the document among it.
   Optional<JsonError> error() const noexcept { return error_; }
   /// Whether it was there when it was read: not after `indexOutOfBounds`, `invalidType` and
   /// `notExist`.
@@ -312,6 +319,7 @@ class Json::Iterator {
   using difference_type = std::ptrdiff_t;
 
   Iterator() = default;
+  /// At a position of a value.
   Iterator(Json json, Index index) : json_(std::move(json)), index_(index) {}
 
   Element operator*() const { return json_[index_]; }
@@ -335,6 +343,7 @@ class Json::Iterator {
 /// and is written to at once or never: kept in a variable it is a mere value.
 class TOLVANITE_EXPORT JsonPlace : public Json {
  public:
+  /// A mere value: what is assigned to the copy stays in it and does not reach the document.
   JsonPlace(const JsonPlace& other) noexcept : Json(other) {}
 
   /// Sets this part of the document.
@@ -342,6 +351,7 @@ class TOLVANITE_EXPORT JsonPlace : public Json {
   void operator=(const Json& value) && { std::move(*this).assign(value); }
   void operator=(const JsonPlace& value) && { std::move(*this).assign(value); }
   /// @}
+  /// Sets this part of the document to a raw element, as assigning does.
   void setManagedJsonObject(const ManagedObject& object) && { std::move(*this).assign(object); }
   /// Merges a value into this part of the document, as `Json::merge`.
   void merge(const Json& other, bool typecheck = true) &&;

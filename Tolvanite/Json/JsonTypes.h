@@ -52,9 +52,11 @@ TOLVANITE_EXPORT std::ostream& operator<<(std::ostream& out, JsonError error);
 /// A JsonError as it is thrown.
 class TOLVANITE_EXPORT JsonFailure final : public Error {
  public:
+  /// Its text is "Json: " and the name of the error.
   explicit JsonFailure(JsonError error);
   ~JsonFailure() override;
 
+  /// What went wrong.
   JsonError error() const noexcept { return error_; }
   friend bool operator==(const JsonFailure& a, const JsonFailure& b) {
     return a.error_ == b.error_;
@@ -67,13 +69,18 @@ class TOLVANITE_EXPORT JsonFailure final : public Error {
 /// One step into a Json: an index of an array or a key of a dictionary.
 class JsonKey {
  public:
+  /// An index, of any integer type but bool and char, or a key, whose text is copied. Whether it
+  /// leads anywhere shows where it is used.
+  /// @{
   template <std::integral T>
     requires(!std::same_as<T, bool> && !std::same_as<T, char>)
   JsonKey(T index) : step_(static_cast<Int>(index)) {}
   JsonKey(std::string key) : step_(std::move(key)) {}
   JsonKey(std::string_view key) : step_(std::string(key)) {}
   JsonKey(const char* key) : step_(std::string(key)) {}
+  /// @}
 
+  /// Whether it is an index and not a key.
   bool isIndex() const noexcept { return step_.index() == 0; }
   /// Absent for a step of the other case.
   /// @{
@@ -102,6 +109,9 @@ concept JsonSubscriptType = requires(const T& value) {
 /// so is for one expression.
 class JsonPathStep {
  public:
+  /// An index, of any integer type but bool and char, a key by its text or as a JsonKey, or what a
+  /// host's own type gives by `jsonKey()`.
+  /// @{
   template <std::integral T>
     requires(!std::same_as<T, bool> && !std::same_as<T, char>)
   JsonPathStep(T index) noexcept : number_(static_cast<Int>(index)) {}
@@ -118,14 +128,18 @@ class JsonPathStep {
   template <JsonSubscriptType T>
     requires std::is_lvalue_reference_v<decltype(std::declval<const T&>().jsonKey())>
   JsonPathStep(const T& value) noexcept : JsonPathStep(value.jsonKey()) {}
+  /// @}
   /// A key that is given by value is kept in an argument that lives as long as the expression does.
   template <JsonSubscriptType T>
     requires(!std::is_lvalue_reference_v<decltype(std::declval<const T&>().jsonKey())>)
   JsonPathStep(const T& value, JsonKey&& kept = JsonKey(0))
       : JsonPathStep(kept = value.jsonKey()) {}
 
+  /// Whether it is an index and not a key.
   bool isIndex() const noexcept { return key_ == nullptr; }
+  /// The index, which may be negative. Not to be asked of a key.
   Int index() const noexcept { return number_; }
+  /// The key. Not to be asked of an index.
   std::string_view key() const noexcept { return {key_, static_cast<std::size_t>(number_)}; }
 
  private:
@@ -141,13 +155,20 @@ class JsonPathStep {
 template <typename Value>
 class JsonIndex {
  public:
+  /// What the position is in; `null` for all that is neither array nor dictionary.
   enum class Case { array, dictionary, null };
 
+  /// The position of an element, counted from 0, or of the end behind the last; nothing is checked.
+  /// @{
   static JsonIndex array(Int position) { return {Case::array, position}; }
   static JsonIndex dictionary(Int position) { return {Case::dictionary, position}; }
+  /// @}
+  /// The only position in all that is neither array nor dictionary: start and end in one.
   static JsonIndex null() { return {Case::null, 0}; }
 
+  /// What the position is in.
   Case indexCase() const noexcept { return case_; }
+  /// How many elements are before it; 0 for `null`.
   Int position() const noexcept { return position_; }
 
   friend bool operator==(const JsonIndex&, const JsonIndex&) = default;

@@ -34,6 +34,7 @@ namespace tolvanite {
 class TOLVANITE_EXPORT JsonWriter final {
  public:
   class Errur;
+  /// Keys in the order in which they are to be written, in each dictionary that has them.
   using SortKeyOrder = std::vector<std::string>;
 
   /// `indentString`: one level of indent; absent for a text without blanks and line feeds but the
@@ -47,6 +48,7 @@ class TOLVANITE_EXPORT JsonWriter final {
   JsonWriter& operator=(const JsonWriter&) = delete;
   ~JsonWriter();
 
+  /// A writer in a shared pointer, by the arguments of the constructor.
   static std::shared_ptr<JsonWriter> make(
       Optional<std::string> indentString = std::string("\t"), bool sortKeys = true,
       Optional<SortKeyOrder> sortKeyOrder = {},
@@ -55,8 +57,10 @@ class TOLVANITE_EXPORT JsonWriter final {
   /// The document's text, which ends in a line feed. Throws an Errur. Deliberately, a further call
   /// appends to the text of the one before, and one after an error to the part that was written.
   /// Texts are escaped as `stringEncodedForJson` does it; keys, deliberately, are not.
+  /// @{
   const std::string& string(const ManagedObject& root) &;
   std::string string(const ManagedObject& root) &&;
+  /// @}
   /// The same text as bytes.
   ByteBuffer data(const ManagedObject& root) { return ByteBuffer(string(root)); }
 
@@ -121,13 +125,18 @@ class TOLVANITE_EXPORT JsonWriter::List {
 
 class TOLVANITE_EXPORT JsonWriter::Errur final : public Error {
  public:
+  /// Why a document was not written to its end.
   enum class Case { dictionaryWithNoStringKey, invalidValue, invalidRootObject };
 
+  /// Anywhere in the document is a wrapped dictionary whose keys are no texts.
   static Errur dictionaryWithNoStringKey(ManagedObject dictionary);
+  /// Below the root is a wrapped value of any other type.
   static Errur invalidValue(ManagedObject object);
+  /// The root is neither an array nor a dictionary.
   static Errur invalidRootObject();
   ~Errur() override;
 
+  /// Why it was not written.
   Case errorCase() const noexcept { return case_; }
   /// What could not be written; null for a root.
   const ManagedObject& object() const noexcept { return object_; }

@@ -44,6 +44,7 @@ class ManagedObject;
 
 /// The one value that stands for JSON null in raw containers.
 struct NullMarker {
+  /// "null".
   std::string description() const { return "null"; }
   friend bool operator==(NullMarker, NullMarker) = default;
 };
@@ -75,6 +76,7 @@ TOLVANITE_EXPORT Cell makeOtherCell(std::any value, const OtherKind& kind);
 /// A raw element.
 class TOLVANITE_EXPORT ManagedObject {
  public:
+  /// What an element holds: truth values are numbers, and `other` is a wrapped value.
   enum class Kind { null, number, text, list, dictionary, other };
 
   /// The null marker.
@@ -85,9 +87,11 @@ class TOLVANITE_EXPORT ManagedObject {
   ManagedObject(T) noexcept {}
   /// @}
   /// A number of the kind of its type; a bool becomes a truth value.
+  /// @{
   template <detail::PlainNumber T>
   ManagedObject(T value) noexcept : cell_(detail::numberCell(value)) {}
   ManagedObject(const NumberValue& number) noexcept : cell_(number.cell()) {}
+  /// @}
   /// A text.
   template <detail::ManagedText T>
   ManagedObject(const T& text) : cell_(detail::Cell::text(text)) {}
@@ -125,6 +129,7 @@ class TOLVANITE_EXPORT ManagedObject {
     }
   }
 
+  /// What it holds.
   Kind kind() const noexcept {
     if (cell_.isText()) return Kind::text;
     switch (cell_.tag()) {
@@ -140,6 +145,7 @@ class TOLVANITE_EXPORT ManagedObject {
         return Kind::number;
     }
   }
+  /// Whether it is the null marker.
   bool isNull() const noexcept { return cell_.tag() == detail::CellTag::null; }
 
   /// The content, if this is of that kind; else absent.
@@ -251,13 +257,21 @@ class TOLVANITE_EXPORT ManagedArray {
   /// @}
   ~ManagedArray() = default;
 
+  /// How many elements there are.
   Int count() const noexcept { return static_cast<Int>(size()); }
+  /// The same for the standard ranges.
   std::size_t size() const noexcept { return cell_.elementCount(); }
+  /// Whether there are none.
+  /// @{
   bool isEmpty() const noexcept { return size() == 0; }
   bool empty() const noexcept { return isEmpty(); }
+  /// @}
 
+  /// The elements as a contiguous range. Valid while the list is neither changed nor gone.
+  /// @{
   const_iterator begin() const noexcept;
   const_iterator end() const noexcept { return begin() + size(); }
+  /// @}
 
   /// The element at an index, which must be there, else it is fatal.
   const ManagedObject& operator[](Int index) const& { return begin()[checked(index)]; }
@@ -271,6 +285,7 @@ class TOLVANITE_EXPORT ManagedArray {
   /// Makes room for so many elements in all.
   void reserve(Int count);
 
+  /// The list as JSON for people, as ManagedObject shows it.
   std::string description() const { return ManagedObject(*this).description(); }
   friend bool operator==(const ManagedArray& a, const ManagedArray& b) noexcept {
     return ManagedObject::of(a.cell_) == ManagedObject::of(b.cell_);
@@ -299,13 +314,13 @@ class TOLVANITE_EXPORT ManagedDictionary {
  public:
   /// A key and its value as a literal lists them. The value can be moved out of the list.
   struct Entry {
-    std::string_view key;
-    mutable ManagedObject value;
+    std::string_view key;         ///< Need not outlive the list.
+    mutable ManagedObject value;  ///< Moved into the dictionary that is made of the list.
   };
   /// A key and its value, as iterating gives them.
   struct Item {
-    std::string_view key;
-    const ManagedObject& value;
+    std::string_view key;        ///< Valid while the dictionary is neither changed nor gone.
+    const ManagedObject& value;  ///< Valid while the dictionary is neither changed nor gone.
   };
   class Iterator;
   using iterator = Iterator;
@@ -338,16 +353,25 @@ class TOLVANITE_EXPORT ManagedDictionary {
   /// @}
   ~ManagedDictionary() = default;
 
+  /// How many keys there are.
   Int count() const noexcept { return static_cast<Int>(size()); }
+  /// The same for the standard ranges.
   std::size_t size() const noexcept { return cell_.elementCount(); }
+  /// Whether there are none.
+  /// @{
   bool isEmpty() const noexcept { return size() == 0; }
   bool empty() const noexcept { return isEmpty(); }
+  /// @}
 
+  /// The items as a range. Valid while the dictionary is neither changed nor gone.
+  /// @{
   Iterator begin() const noexcept;
   Iterator end() const noexcept;
+  /// @}
 
   /// The value under a key; null when there is none.
   const ManagedObject* find(std::string_view key) const noexcept;
+  /// Whether there is a value under a key, be it the null marker.
   bool contains(std::string_view key) const noexcept { return find(key) != nullptr; }
   /// The value under a key, which must be there, else it is fatal.
   ManagedObject operator[](std::string_view key) const;
@@ -359,6 +383,7 @@ class TOLVANITE_EXPORT ManagedDictionary {
   /// Takes a key out; false if it was not there. Linear.
   bool remove(std::string_view key);
 
+  /// The dictionary as JSON for people, as ManagedObject shows it.
   std::string description() const { return ManagedObject(*this).description(); }
   friend bool operator==(const ManagedDictionary& a, const ManagedDictionary& b) noexcept {
     return ManagedObject::of(a.cell_) == ManagedObject::of(b.cell_);
@@ -382,7 +407,9 @@ class ManagedDictionary::Iterator {
   using difference_type = std::ptrdiff_t;
 
   Iterator() = default;
+  /// @cond
   Iterator(const detail::Cell* key, const detail::Cell* value) : key_(key), value_(value) {}
+  /// @endcond
 
   Item operator*() const { return {key_->textView(), ManagedObject::of(*value_)}; }
   Iterator& operator++() {
@@ -402,13 +429,17 @@ class ManagedDictionary::Iterator {
   const detail::Cell* value_ = nullptr;
 };
 
-/// The items of a dictionary as a range.
+/// The items of a dictionary as a range. Valid while the dictionary is neither changed nor gone.
 class ManagedItems {
  public:
+  /// The items from `begin` on, those of one dictionary.
   ManagedItems(ManagedDictionary::Iterator begin, ManagedDictionary::Iterator end)
       : begin_(begin), end_(end) {}
+  /// The first item, and behind the last.
+  /// @{
   ManagedDictionary::Iterator begin() const { return begin_; }
   ManagedDictionary::Iterator end() const { return end_; }
+  /// @}
 
  private:
   ManagedDictionary::Iterator begin_;

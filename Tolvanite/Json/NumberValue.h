@@ -59,7 +59,9 @@ concept PlainNumber = std::same_as<T, bool> || NumberInteger<T> || std::floating
 
 class TOLVANITE_EXPORT NumberValue {
  public:
+  /// How a number was given. It does not count where numbers are compared.
   enum class Kind { boolean, signedInteger, unsignedInteger, real, decimal };
+  /// Whether another number, to which this is compared, is greater, the same or less.
   enum class Order { ascending, same, descending };
 
   /// The integer 0.
@@ -78,6 +80,7 @@ class TOLVANITE_EXPORT NumberValue {
   static const NumberValue& sharedFalse();
   /// @}
 
+  /// How this was given: an integer by the sign of its type, not of its value.
   Kind kind() const noexcept;
   /// Whether this was given as a truth value. A plain 1 or 0 was not.
   bool isBool() const noexcept { return cell_.tag() == detail::CellTag::boolean; }
@@ -106,6 +109,7 @@ class TOLVANITE_EXPORT NumberValue {
   /// The text: digits; for a floating-point number the fewest that read back as the same number,
   /// without a ".0" behind a whole one; "true" or "false" for a truth value.
   std::string stringValue() const;
+  /// The `stringValue`.
   std::string description() const { return stringValue(); }
 
   /// How this stands to another number, by value: a truth value counts as 1 or 0, and what is no
