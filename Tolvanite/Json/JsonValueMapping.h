@@ -21,6 +21,7 @@
 
 #include <chrono>
 #include <concepts>
+#include <cstddef>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -41,6 +42,7 @@
 #include <Tolvanite/Json/JsonWriter.h>
 #include <Tolvanite/Json/ManagedObject.h>
 #include <Tolvanite/Json/detail/IsoDate.h>
+#include <Tolvanite/Json/detail/MappingScope.h>
 
 namespace tolvanite {
 
@@ -180,16 +182,22 @@ void mapItem(const T& item, bool discardNilValues, const Take& take) {
 template <typename Range>
   requires detail::ManagedRange<Range> && MappableToJson<std::ranges::range_value_t<const Range>>
 ManagedArray jsonValuesMapSequence(const Range& values, bool discardNilValues) {
-  ManagedArray result;
+  std::size_t count = 0;
   if constexpr (std::ranges::sized_range<const Range>) {
-    result.reserve(static_cast<Int>(std::ranges::size(values)));
+    count = static_cast<std::size_t>(std::ranges::size(values));
   }
-  const auto take = [&](ManagedObject object) { result.append(std::move(object)); };
+  ManagedArray result;
+  result.reserve(static_cast<Int>(count));
+  detail::MappingScope scope(count);
+  const auto take = [&](ManagedObject object) {
+    scope.adopt(object.cell());
+    result.append(std::move(object));
+  };
   for (const auto& item : values) {
     // vector<bool> hands out stand-ins for its elements.
     detail::mapItem<std::ranges::range_value_t<const Range>>(item, discardNilValues, take);
   }
-  return result;
+  return scope.adopted(std::move(result));
 }
 
 /// The raw dictionary of a map with text keys, in the same way.
@@ -224,9 +232,11 @@ std::string makeJsonText(const Range& values, bool discardNilValues = false,
                          Optional<std::string> indentString = std::string("\t")) {
   JsonWriter writer(std::move(indentString));
   JsonWriter::List list(writer);
+  const detail::OneByOneScope scope;
   const auto take = [&](const ManagedObject& object) { list.append(object); };
   for (const auto& item : values) {
     detail::mapItem<std::ranges::range_value_t<const Range>>(item, discardNilValues, take);
+    scope.reuse();
   }
   list.end();
   return std::move(writer).dest();

@@ -1,5 +1,6 @@
 #include <Tolvanite/Json/ManagedObject.h>
 
+#include <algorithm>
 #include <new>
 #include <ostream>
 #include <span>
@@ -127,14 +128,27 @@ void ManagedArray::reserve(Int count) {
 }
 
 ManagedDictionary::ManagedDictionary(std::initializer_list<Entry> entries) : ManagedDictionary() {
-  std::uint64_t hash = 0;
-  for (const Entry& entry : entries) hash = detail::Shape::hashWith(hash, entry.key);
-  if (detail::Shape* known = detail::ShapeMemory::ofThisThread().find(hash, entries)) {
-    detail::Cell* out = detail::startDictionary(cell_, *known);
-    for (const Entry& entry : entries) new (out++) Cell(std::move(entry.value.cell()));
-  } else {
+  detail::Shape* known = detail::ShapeMemory::ofThisThread().find(entries);
+  if (known == nullptr) {
     detail::makeChangeable(cell_, entries.size());
     for (const Entry& entry : entries) set(entry.key, std::move(entry.value));
+    return;
+  }
+  const auto isAdopted = [arena = detail::Arena::ofThisThread()](const Entry& entry) {
+    return detail::adopt(entry.value.cell(), *arena);
+  };
+  detail::Arena* arena = detail::Arena::ofThisThread();
+  Cell* out = nullptr;
+  if (arena != nullptr && std::ranges::all_of(entries, isAdopted)) {
+    out = detail::startDictionary(cell_, *known, *arena);
+  }
+  if (out != nullptr) {
+    for (const Entry& entry : entries) {
+      detail::putAdopted(out++, std::move(entry.value.cell()), *arena);
+    }
+  } else {
+    out = detail::startDictionary(cell_, *known);
+    for (const Entry& entry : entries) new (out++) Cell(std::move(entry.value.cell()));
   }
 }
 
@@ -166,7 +180,7 @@ std::vector<std::string> ManagedDictionary::keys() const {
 }
 
 void ManagedDictionary::set(std::string_view key, ManagedObject value) {
-  detail::setIn(cell_, Cell::text(key), std::move(value.cell()));
+  detail::setIn(cell_, Cell::ownText(key), std::move(value.cell()));
 }
 
 bool ManagedDictionary::remove(std::string_view key) {

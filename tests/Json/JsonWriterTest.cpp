@@ -73,6 +73,13 @@ TEST(JsonWriter, OrdersKeys) {
   EXPECT_DEATH(JsonWriter("", true, JsonWriter::SortKeyOrder{"a", "b", "a"}), "\"a\" stands twice");
   EXPECT_EQ(Json(object).makeStringJsonWriter(" ", JsonWriter::SortKeyOrder{"b"}).substr(0, 10),
             "{\n \"b\" : 2");
+
+  JsonWriter listing(std::nullopt, true, JsonWriter::SortKeyOrder{"z"});
+  JsonWriter::List list(listing);
+  list.append(ManagedDictionary{{"a", 1}, {"z", 2}});
+  list.append(ManagedDictionary{{"z", 1}, {"b", 2}, {"y", 3}});
+  list.end();
+  EXPECT_EQ(listing.dest(), "[{\"z\":2,\"a\":1},{\"z\":1,\"b\":2,\"y\":3}]\n");
 }
 
 TEST(JsonWriter, WritesAListElementByElement) {
@@ -207,6 +214,68 @@ TEST(JsonValueMapping, MapsNestedContainersAndSequencesOfAllKinds) {
   EXPECT_EQ(makeJson(std::vector<std::filesystem::path>{"/p"}), Json(ManagedArray{"file:///p"}));
   EXPECT_EQ(makeJson(std::vector<Json>{ManagedArray{1}}), Json(ManagedArray{ManagedArray{1}}));
   EXPECT_EQ(jsonObjectValue(std::vector{1, 2}), ManagedObject(ManagedArray{1, 2}));
+}
+
+// Gives elements of every build, of which it keeps some.
+struct Varied {
+  int number = 0;
+  std::vector<ManagedObject>* kept = nullptr;
+
+  ManagedObject jsonObjectValue() const {
+    if (number == failing) throw std::runtime_error("no value");
+    const std::string name = "a name of some length, number " + std::to_string(number);
+    static const ManagedObject shared = ManagedDictionary{{"shared", ManagedArray{"by all"}}};
+    ManagedDictionary grown{{"name", name}, {"number", number}};
+    if (number % 3 == 0) grown.set("a key that is long " + std::to_string(number % 5), name);
+    if (number % 4 == 0) grown.set("shared", shared);
+    if (number % 5 == 0) grown.set("decimal", NumberValue::decimal("0.1"));
+    grown.set("list", makeJsonNsArray(std::vector<std::string>(std::size_t(number % 130), name)));
+    if (number % 7 == 0) return ManagedArray{name, grown, ManagedDictionary{{"inner", grown}}};
+    if (number % 11 == 0) {
+      ManagedObject deep = name;
+      for (int i = 0; i < 20; ++i) deep = ManagedArray{std::move(deep)};
+      return deep;
+    }
+    if (kept != nullptr && number % 50 == 0) kept->push_back(grown);
+    return grown;
+  }
+
+  static inline int failing = -1;
+};
+
+TEST(JsonValueMapping, MapsManyValuesAsEachAlone) {
+  std::vector<ManagedObject> kept;
+  std::vector<Varied> values;
+  ManagedArray alone;
+  for (int i = 0; i < 1500; ++i) {
+    values.push_back({i, &kept});
+    alone.append(Varied{i}.jsonObjectValue());
+  }
+  ManagedArray mapped = makeJsonNsArray(values);
+  EXPECT_EQ(mapped, alone);
+  const ManagedArray copy = mapped;
+  const std::string text = JsonWriter::stringFrom(mapped);
+  EXPECT_EQ(text, JsonWriter::stringFrom(alone));
+  EXPECT_EQ(makeJsonText(values), text);
+
+  Json json = mapped;
+  json[1]["name"] = "new";
+  mapped.set(2, 5);
+  mapped.append(nullptr);
+  EXPECT_EQ(json[1]["name"], Json("new"));
+  EXPECT_EQ(JsonWriter::stringFrom(copy), text);
+  const ManagedObject last = copy[1499];
+  json = mapped = {};
+  Varied::failing = 700;
+  EXPECT_THROW(makeJsonNsArray(values), std::runtime_error);
+  EXPECT_THROW(makeJsonText(values), std::runtime_error);
+  Varied::failing = -1;
+  EXPECT_EQ(std::ssize(kept), 2 * 23 + 2 * 11);
+  for (const ManagedObject& object : kept) {
+    const auto number = static_cast<int>(object.find("number")->number()->integerValue());
+    EXPECT_EQ(object, Varied{number}.jsonObjectValue());
+  }
+  EXPECT_EQ(last, alone[1499]);
 }
 
 TEST(JsonValueMapping, StopsAtContainersThatCannotBeMapped) {

@@ -88,6 +88,10 @@ class Cell {
   static Cell text(std::string_view text) {
     return text.size() <= longestShortText ? shortText(text) : makeLongText(text);
   }
+  /// A text that is in no arena, whatever this thread does at the moment.
+  static Cell ownText(std::string_view text) {
+    return text.size() <= longestShortText ? shortText(text) : makeOwnLongText(text);
+  }
   /// A text of at most `longestShortText` bytes.
   static Cell shortText(std::string_view text) noexcept;
 
@@ -136,6 +140,7 @@ class Cell {
   static constexpr int tagShift = 56;
 
   TOLVANITE_EXPORT static Cell makeLongText(std::string_view text);
+  static Cell makeOwnLongText(std::string_view text);
   TOLVANITE_EXPORT static void retain(CellNode* node) noexcept;
   TOLVANITE_EXPORT static void release(Cell& cell) noexcept;
 

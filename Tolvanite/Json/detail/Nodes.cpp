@@ -160,14 +160,33 @@ void extendShape(DictionaryNode& node, const Cell& key) {
 
 }  // namespace
 
-Cell Cell::makeLongText(std::string_view text) {
+namespace {
+
+std::size_t roomOfText(std::string_view text) {
   requireCount(text.size());
-  const std::size_t room = (text.size() + textBlock - 1) / textBlock * textBlock;
-  CellNode* node = allocateNode(sizeof(CellNode) + room, 0);
+  return sizeof(CellNode) + (text.size() + textBlock - 1) / textBlock * textBlock;
+}
+
+CellNode* fillText(CellNode* node, std::string_view text) {
   node->count = static_cast<std::uint32_t>(text.size());
-  node->place = 0;
   std::memcpy(node + 1, text.data(), text.size());
-  return {CellTag::longText, node};
+  return node;
+}
+
+}  // namespace
+
+Cell Cell::makeLongText(std::string_view text) {
+  Arena* arena = Arena::ofThisThread();
+  CellNode* node = arena == nullptr ? nullptr : arena->allocateWithinLimit(roomOfText(text));
+  if (node == nullptr) return makeOwnLongText(text);
+  arena->retain();
+  return {CellTag::longText, fillText(node, text)};
+}
+
+Cell Cell::makeOwnLongText(std::string_view text) {
+  CellNode* node = allocateNode(roomOfText(text), 0);
+  node->place = 0;
+  return {CellTag::longText, fillText(node, text)};
 }
 
 void Cell::retain(CellNode* node) noexcept {
@@ -218,7 +237,9 @@ void appendTo(Cell& list, Cell element) {
   const std::size_t count = list.elementCount();
   const bool isFull =
       list.low() == 0 || list.node()->place != 0 || prefixOf(list.node()).capacity == count;
-  makeChangeable(list, isFull ? grown(count) : count + 1);
+  if (isFull || prefixOf(list.node()).references.value() != 1) {
+    makeChangeable(list, isFull ? grown(count) : count + 1);
+  }
   auto* node = static_cast<ListNode*>(list.node());
   new (node->elements() + node->count) Cell(std::move(element));
   ++node->count;
@@ -265,6 +286,54 @@ Cell* startDictionary(Cell& dictionary, Shape& shape) {
   auto* node = new (memory) DictionaryNode{{static_cast<std::uint32_t>(count), 0}, &shape};
   dictionary = Cell(CellTag::dictionary, node);
   return node->values();
+}
+
+bool adoptContainer(Cell& container, Arena& arena) {
+  const CellTag tag = container.tag();
+  CellNode* old = container.node();
+  CellNode* node = arena.allocateWithinLimit(headerSize(tag) + old->count * sizeof(Cell));
+  if (node == nullptr) return false;
+  node->count = old->count;
+  if (tag == CellTag::dictionary) {
+    Shape* shape = shapeOf(container);
+    static_cast<DictionaryNode*>(node)->shape = shape;
+    arena.keepAlso(*shape);
+    shape->release();
+  }
+  for (std::uint32_t i = 0; i < old->count; ++i) {
+    putAdopted(cellsOf(tag, node) + i, std::move(cellsOf(tag, old)[i]), arena);
+  }
+  freeNode(old);
+  container.forget();
+  arena.retain();
+  container = Cell(tag, node);
+  return true;
+}
+
+namespace {
+
+bool isOwnContainer(const Cell& cell) {
+  const bool isContainer = cell.tag() == CellTag::list || cell.tag() == CellTag::dictionary;
+  return isContainer && prefixOf(cell.node()).references.value() == 1;
+}
+
+// NOLINTNEXTLINE(misc-no-recursion): only so many levels deep
+bool adopt(Cell& cell, Arena& arena, int levels) {
+  if (!cell.hasNode()) return true;
+  if (cell.node()->place != 0) return &Arena::of(*cell.node()) == &arena;
+  if (levels == 0 || !isOwnContainer(cell)) return false;
+  Cell* elements = cellsOf(cell.tag(), cell.node());
+  for (std::uint32_t i = 0; i < cell.node()->count; ++i) {
+    if (!adopt(elements[i], arena, levels - 1)) return false;
+  }
+  return adoptContainer(cell, arena);
+}
+
+}  // namespace
+
+bool adoptNode(Cell& cell, Arena& arena) {
+  constexpr int mostLevels = 8;
+  return adopt(cell, arena, mostLevels);
 }
 
 namespace {
@@ -323,6 +392,25 @@ Arena* Arena::make(std::size_t firstRoom) {
   return arena;
 }
 
+Arena* Arena::make(std::size_t step, std::size_t limit) {
+  Arena* arena = make(step);
+  arena->hasEqualSteps_ = true;
+  arena->limit_ = limit;
+  return arena;
+}
+
+[[gnu::tls_model("initial-exec")]] thread_local Arena* Arena::current_ = nullptr;
+
+void Arena::reuse() noexcept {
+  if (chunks_ == nullptr || references_.value() != 1) return;
+  next_ = reinterpret_cast<char*>(chunks_ + 1);
+  constexpr std::size_t mostShapes = 256;
+  if (shapes_.size() < mostShapes) return;
+  for (Shape* shape : shapes_) shape->release();
+  shapes_.clear();
+  known_ = {};
+}
+
 Arena::~Arena() {
   while (chunks_ != nullptr) std::free(std::exchange(chunks_, chunks_->previous));
   for (Shape* shape : shapes_) shape->release();
@@ -336,6 +424,10 @@ void Arena::addChunk(std::size_t bytes) {
   chunks_ = new (memory) Chunk{this, chunks_};
   next_ = reinterpret_cast<char*>(chunks_ + 1);
   end_ = next_ + std::max(bytes, nextRoom_);
+  if (hasEqualSteps_) {
+    limit_ -= nextRoom_;
+    return;
+  }
   // What the last chunk wastes stays a small part of the whole.
   constexpr std::size_t leastRoom = 4096;
   constexpr std::size_t mostRoom = 16 << 20;

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <any>
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <new>
 #include <span>
 #include <vector>
 
@@ -96,11 +98,20 @@ Cell* startDictionary(Cell& dictionary, Shape& shape);
 bool isEqual(const Cell& a, const Cell& b) noexcept;
 std::size_t hashOf(const Cell& cell) noexcept;
 
-/// Memory of a document that was read: nodes are put behind one another and freed at once.
+/// Memory of a document that is read or mapped: nodes are put behind one another and freed at once.
+/// They refer to nodes of the same arena only, and do not count those references.
 class Arena {
  public:
   /// An arena with one reference, for the caller, that begins with room for so many bytes.
   static Arena* make(std::size_t firstRoom);
+  /// One that gets room in equal steps, up to so many bytes in all.
+  static Arena* make(std::size_t step, std::size_t limit);
+
+  /// Where this thread puts nodes that it makes at the moment; null if each has its own memory.
+  /// @{
+  static Arena* ofThisThread() noexcept { return current_; }
+  static void setOfThisThread(Arena* arena) noexcept { current_ = arena; }
+  /// @}
 
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
@@ -109,6 +120,8 @@ class Arena {
   void release() noexcept {
     if (references_.drop()) delete this;
   }
+  /// Gives a reference back that is not the last one.
+  void releaseOneOfSeveral() noexcept { static_cast<void>(references_.drop()); }
 
   /// A node of so many bytes with its place filled in.
   CellNode* allocate(std::size_t bytes) {
@@ -120,8 +133,25 @@ class Arena {
     return node;
   }
 
+  /// The same within the limit of the arena; null beyond it.
+  CellNode* allocateWithinLimit(std::size_t bytes) {
+    const bool isFull = static_cast<std::size_t>(end_ - next_) < bytes + 7 &&
+                        (limit_ < nextRoom_ || bytes + 7 > nextRoom_);
+    return isFull ? nullptr : allocate(bytes);
+  }
+  /// Forgets all nodes if nobody refers to them any more.
+  void reuse() noexcept;
+
   /// Keeps a shape as long as the arena. Takes over a reference.
   void keep(Shape* shape) { shapes_.push_back(shape); }
+  /// The same for a shape that may be kept already. Takes a reference of its own.
+  void keepAlso(Shape& shape) {
+    Shape*& known = known_[reinterpret_cast<std::uintptr_t>(&shape) / 64 % known_.size()];
+    if (known == &shape) return;
+    shapes_.push_back(&shape);
+    shape.retain();
+    known = &shape;
+  }
 
   static Arena& of(const CellNode& node) noexcept {
     const char* chunk = reinterpret_cast<const char*>(&node) - std::size_t{node.place} * 8;
@@ -138,12 +168,51 @@ class Arena {
   ~Arena();
   void addChunk(std::size_t bytes);
 
+  // Found without a call, as it is asked for with each text and dictionary.
+  [[gnu::tls_model("initial-exec")]] static thread_local Arena* current_;
+
   SharedCount references_{1};
   Chunk* chunks_ = nullptr;
   char* next_ = nullptr;
   char* end_ = nullptr;
   std::size_t nextRoom_ = 0;
+  std::size_t limit_ = 0;  // of further room, where there is one
+  bool hasEqualSteps_ = false;
   std::vector<Shape*> shapes_;
+  std::array<Shape*, 16> known_{};
 };
+
+/// Puts what a cell refers to into an arena, so that another node there can hold it; false if it
+/// has to stay outside. Containers that nobody else refers to move; other nodes stay.
+/// @{
+bool adoptNode(Cell& cell, Arena& arena);
+inline bool adopt(Cell& cell, Arena& arena) {
+  if (!cell.hasNode()) return true;
+  return cell.node()->place != 0 ? &Arena::of(*cell.node()) == &arena : adoptNode(cell, arena);
+}
+/// @}
+/// The same for a container with a node of its own whose elements were adopted.
+bool adoptContainer(Cell& container, Arena& arena);
+
+/// Moves a cell that was adopted by an arena to a place in a node there.
+inline void putAdopted(Cell* place, Cell&& cell, Arena& arena) noexcept {
+  new (place) Cell(cell.low(), cell.high());
+  if (cell.hasNode()) arena.releaseOneOfSeveral();
+  cell.forget();
+}
+
+/// `startDictionary` in an arena, for values that were adopted; null when that is full.
+inline Cell* startDictionary(Cell& dictionary, Shape& shape, Arena& arena) {
+  const std::size_t count = shape.keys().size();
+  CellNode* memory = arena.allocateWithinLimit(sizeof(DictionaryNode) + count * sizeof(Cell));
+  if (memory == nullptr) return nullptr;
+  arena.keepAlso(shape);
+  arena.retain();
+  auto* node = static_cast<DictionaryNode*>(memory);
+  node->count = static_cast<std::uint32_t>(count);
+  node->shape = &shape;
+  dictionary = Cell(CellTag::dictionary, node);
+  return node->values();
+}
 
 }  // namespace tolvanite::detail

@@ -116,7 +116,9 @@ void Shape::rebuildIndex() {
 
 void Shape::append(const Cell& key) {
   delete ascending_.exchange(nullptr, std::memory_order_relaxed);
-  keys_.push_back(key);
+  // A key in an arena would keep that, which may keep this shape.
+  const bool isInArena = key.hasNode() && key.node()->place != 0;
+  keys_.push_back(isInArena ? Cell::ownText(key.textView()) : key);
   hash_ = hashWith(hash_, key);
   if (keys_.size() <= mostKeysWithoutIndex) return;
   if (keys_.size() * 3 > index_.size() * 2) {
@@ -146,10 +148,13 @@ std::span<const std::uint32_t> Shape::ascending() const {
   return *known;
 }
 
-ShapeMemory& ShapeMemory::ofThisThread() {
-  thread_local ShapeMemory memory;
+ShapeMemory& ShapeMemory::makeOfThisThread() {
+  static thread_local ShapeMemory memory;
+  current_ = &memory;
   return memory;
 }
+
+[[gnu::tls_model("initial-exec")]] thread_local ShapeMemory* ShapeMemory::current_ = nullptr;
 
 ShapeMemory::~ShapeMemory() {
   for (Slot& slot : slots_) {

@@ -84,7 +84,9 @@ inline bool isSameText(const Cell& a, const Cell& b) noexcept {
 /// Each thread has one.
 class ShapeMemory {
  public:
-  static ShapeMemory& ofThisThread();
+  static ShapeMemory& ofThisThread() {
+    return current_ != nullptr ? *current_ : makeOfThisThread();
+  }
 
   ~ShapeMemory();
 
@@ -93,16 +95,18 @@ class ShapeMemory {
   /// @{
   Shape* find(std::uint64_t hash, std::span<const Cell> keys, const Cell& lastKey) noexcept;
   template <typename Entries>
-  Shape* find(std::uint64_t hash, const Entries& entries) noexcept {
+  Shape* find(const Entries& entries) noexcept {
+    if (entries.size() == 0) return nullptr;
+    // Entries that one line of a program lists have the same keys each time.
+    const auto place = reinterpret_cast<std::uintptr_t>(entries.begin()->key.data());
+    std::uint8_t& guess = guesses_[(place + place / slotCount + entries.size()) % slotCount];
+    if (hasKeys(slots_[guess].shape, entries)) return slots_[guess].shape;
+    std::uint64_t hash = 0;
+    for (const auto& entry : entries) hash = Shape::hashWith(hash, entry.key);
     const Slot& slot = slotOf(hash);
-    if (slot.hash != hash || slot.shape == nullptr) return nullptr;
-    const std::span<const Cell> known = slot.shape->keys();
-    const auto isKeyOf = [](const Cell& key, const auto& entry) {
-      return key.textView() == entry.key;
-    };
-    const bool isKnown =
-        std::equal(known.begin(), known.end(), entries.begin(), entries.end(), isKeyOf);
-    return isKnown ? slot.shape : nullptr;
+    if (slot.hash != hash || !hasKeys(slot.shape, entries)) return nullptr;
+    guess = static_cast<std::uint8_t>(&slot - slots_);
+    return slot.shape;
   }
   /// @}
 
@@ -118,9 +122,26 @@ class ShapeMemory {
     std::uint64_t hash = 0;
     Shape* shape = nullptr;
   };
+  static ShapeMemory& makeOfThisThread();
   Slot& slotOf(std::uint64_t hash) noexcept { return slots_[hash >> 56]; }
 
+  template <typename Entries>
+  static bool hasKeys(const Shape* shape, const Entries& entries) noexcept {
+    if (shape == nullptr) return false;
+    const std::span<const Cell> keys = shape->keys();
+    const auto isKeyOf = [](const Cell& key, const auto& entry) {
+      return entry.key.size() <= Cell::longestShortText
+                 ? key.hasSameWords(Cell::shortText(entry.key))
+                 : key.textView() == entry.key;
+    };
+    return std::equal(keys.begin(), keys.end(), entries.begin(), entries.end(), isKeyOf);
+  }
+
+  // Found without a call, as each dictionary asks for it.
+  [[gnu::tls_model("initial-exec")]] static thread_local ShapeMemory* current_;
+
   Slot slots_[slotCount];
+  std::uint8_t guesses_[slotCount] = {};
 };
 
 }  // namespace tolvanite::detail
