@@ -10,21 +10,19 @@
 
 #include <fmt/format.h>
 
-#include <Tolvanite/DataStructures/Kerray.h>
-#include <Tolvanite/Foundation/Pascription.h>
 #include <Tolvanite/Frame/ArrayShapes.h>
+#include <Tolvanite/Frame/Error.h>
 #include <Tolvanite/Frame/Unicode.h>
 #include <Tolvanite/Text/TextTable.h>
 
 #include "Demo.h"
+#include "ModelDocument.h"
 #include "Printing.h"
 #include "TableController.h"
 
 namespace demo {
 
 namespace {
-
-using tolvanite::Kerray;
 
 // Up to `limit` of the elements and at most half of them, evenly spread.
 template <typename Elements>
@@ -34,6 +32,12 @@ std::vector<FileRecord> sampleOf(const Elements& elements, Int limit) {
   result.reserve(static_cast<std::size_t>(count));
   for (Int i = 0; i < count; ++i) result.push_back(elements[i * elements.count() / count]);
   return result;
+}
+
+// With all content, of which the equality of the elements knows nothing.
+template <typename Some, typename Others>
+bool areEqual(const Some& some, const Others& others) {
+  return std::ranges::equal(some, others, {}, &FileRecord::content, &FileRecord::content);
 }
 
 // The kind that most of the files have, if `except` is left out of account.
@@ -64,6 +68,8 @@ class Demo {
     runPhase("Sort by name", &Demo::sortAnew);
     runPhase("Filter by another kind", &Demo::filterAnew);
     saveListing();
+    saveAndLoad({"model"});
+    saveAndLoad({"packed-model", true});
     fmt::print("\n{} of {} checks passed: {} files, {} rows shown, {} changes of rows, {}\n",
                checks_ - failures_, checks_, grouped(files_->count()), grouped(view_->count()),
                grouped(changes_), stopwatch.text());
@@ -161,11 +167,11 @@ class Demo {
     return files_->count();
   }
 
-  // What can be made anew at any time belongs into the caches. The folder is made if it is missing.
+  // The folder is made if it is missing.
   void saveListing() {
     const Stopwatch stopwatch;
-    const tolvanite::Pascription folder("$CACHES$/tolvanite-demo");
-    const auto location = folder.vendUrl(nullptr, true).appendingPathComponent("listing.txt");
+    const auto location =
+        documentFolder().vendUrl(nullptr, true).appendingPathComponent("listing.txt");
     std::ostringstream listing;
     for (const FileRecord& file : *view_) {
       listing << file.size << '\t' << file.modified << '\t' << printable(file.path) << '\n';
@@ -175,6 +181,25 @@ class Demo {
     std::ifstream file(location.filesystemPath());
     const std::string found(std::istreambuf_iterator<char>(file), {});
     check(file.is_open() && found == listing.str(), "the listing reads as it was written");
+  }
+
+  void saveAndLoad(const ModelDocument& document) {
+    try {
+      Stopwatch stopwatch;
+      const StoredDocument stored = store(*files_, document);
+      const std::string writing = stopwatch.text();
+      stopwatch = Stopwatch();
+      const auto loaded = load(document);
+      fmt::print("\nThe model in {}: {} files, {} bytes for {} of text\n",
+                 printable(stored.location.path()), grouped(loaded->count()),
+                 grouped(stored.fileSize), grouped(stored.textSize));
+      fmt::print("   written in {}, read in {}\n", writing, stopwatch.text());
+      check(areEqual(*loaded, *files_), "the model reads as it was written");
+      const auto view = FileView::make(loaded, isShown_, *view_->sortBlock());
+      check(areEqual(*view, *view_), "a view of what was read equals the view");
+    } catch (const tolvanite::Error& error) {
+      check(false, error.description());
+    }
   }
 
   void runPhase(std::string_view title, Int (Demo::*phase)()) {
@@ -199,14 +224,11 @@ class Demo {
 
   // The table against the view, and the view against a filtering and sorting from scratch.
   void checkRows() {
-    const auto areEqual = [this](const std::vector<FileRecord>& files) {
-      return std::ranges::equal(files, *view_, {}, &FileRecord::content, &FileRecord::content);
-    };
-    check(areEqual(table_.rows()), "the table equals the view");
+    check(areEqual(table_.rows(), *view_), "the table equals the view");
     std::vector<FileRecord> anew;
     std::ranges::copy_if(*files_, std::back_inserter(anew), isShown_);
     std::ranges::sort(anew, view_->sortBlock()->sortBlock);
-    check(areEqual(anew), "the view is filtered and sorted");
+    check(areEqual(anew, *view_), "the view is filtered and sorted");
   }
 
   void printFirstRows() const {
@@ -233,7 +255,7 @@ class Demo {
     return file.kind() == shownKind_;
   };
 
-  const std::shared_ptr<Kerray<FileRecord>> files_ = Kerray<FileRecord>::make();
+  const std::shared_ptr<Files> files_ = Files::make();
   const std::shared_ptr<FileView> view_ = FileView::make(files_, isShown_, bySize());
   TableController table_{*view_};
 

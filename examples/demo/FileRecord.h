@@ -7,7 +7,10 @@
 
 #include <Tolvanite/Frame/AbsoluteTime.h>
 #include <Tolvanite/Frame/NamedSortBlock.h>
+#include <Tolvanite/Frame/Optional.h>
 #include <Tolvanite/Frame/Types.h>
+#include <Tolvanite/Json/Json.h>
+#include <Tolvanite/Json/ManagedObject.h>
 
 namespace demo {
 
@@ -30,6 +33,12 @@ struct FileRecord {
   /// All of it, to be compared.
   auto content() const { return std::tie(key, path, size, modified); }
   std::string description() const { return path; }
+
+  /// The record in a JSON document, and back; absent if the Json is none.
+  /// @{
+  tolvanite::ManagedObject jsonObjectValue() const;
+  static tolvanite::Optional<FileRecord> fromJson(const tolvanite::Json& json);
+  /// @}
 };
 
 // Files that tie are told apart by their keys, so that every list has one order only.

@@ -1,6 +1,7 @@
 // tolvanite-demo [FOLDER]: a folder tree in a keyed array, watched through a view that is filtered
-// and sorted, by a table that lives on the view's events alone. Only reads the folder: all changes
-// are to the model. Ends with 1 if a check failed, and with 2 if it could not run.
+// and sorted, by a table that lives on the view's events alone; then stored as JSON and read again.
+// Only reads the folder: all changes are to the model, and files are written to the user's caches.
+// Ends with 1 if a check failed, and with 2 if it could not run.
 #include <cstdio>
 #include <exception>
 #include <iterator>
