@@ -26,24 +26,24 @@ class SharedCount {
   /// So many owners to begin with.
   explicit SharedCount(std::uint32_t count) noexcept : count_(count) {}
 
-  /// Takes a further reference.
-  void add() noexcept {
+  /// Takes a further reference, or several at once.
+  void add(std::uint32_t count = 1) noexcept {
     if (isProcessSingleThreaded()) {
-      count_.store(count_.load(std::memory_order_relaxed) + 1, std::memory_order_relaxed);
+      count_.store(count_.load(std::memory_order_relaxed) + count, std::memory_order_relaxed);
     } else {
-      count_.fetch_add(1, std::memory_order_relaxed);
+      count_.fetch_add(count, std::memory_order_relaxed);
     }
   }
 
-  /// Gives a reference back; true when it was the last one.
-  [[nodiscard]] bool drop() noexcept {
+  /// Gives a reference back, or several at once; true when they were the last ones.
+  [[nodiscard]] bool drop(std::uint32_t count = 1) noexcept {
     // The only owner left needs no read-modify-write: nobody else can add a reference any more.
-    if (count_.load(std::memory_order_acquire) == 1) return true;
+    if (count_.load(std::memory_order_acquire) == count) return true;
     if (isProcessSingleThreaded()) {
-      count_.store(count_.load(std::memory_order_relaxed) - 1, std::memory_order_relaxed);
+      count_.store(count_.load(std::memory_order_relaxed) - count, std::memory_order_relaxed);
       return false;
     }
-    return count_.fetch_sub(1, std::memory_order_acq_rel) == 1;
+    return count_.fetch_sub(count, std::memory_order_acq_rel) == count;
   }
 
   /// The number of owners at this moment.

@@ -22,7 +22,7 @@ MappingScope::MappingScope(std::size_t count) : arena_(Arena::ofThisThread()) {
 MappingScope::~MappingScope() {
   if (!isOwner_) return;
   Arena::setOfThisThread(nullptr);
-  arena_->release();
+  arena_->leave();
 }
 
 void MappingScope::adoptNode(Cell& element) {
@@ -44,7 +44,7 @@ OneByOneScope::OneByOneScope() : outer_(Arena::ofThisThread()) {
 
 OneByOneScope::~OneByOneScope() {
   Arena::setOfThisThread(outer_);
-  arena_->release();
+  arena_->leave();
 }
 
 void OneByOneScope::reuse() const noexcept { arena_->reuse(); }

@@ -179,7 +179,7 @@ Cell Cell::makeLongText(std::string_view text) {
   Arena* arena = Arena::ofThisThread();
   CellNode* node = arena == nullptr ? nullptr : arena->allocateWithinLimit(roomOfText(text));
   if (node == nullptr) return makeOwnLongText(text);
-  arena->retain();
+  arena->retainHere();
   return {CellTag::longText, fillText(node, text)};
 }
 
@@ -305,7 +305,7 @@ bool adoptContainer(Cell& container, Arena& arena) {
   }
   freeNode(old);
   container.forget();
-  arena.retain();
+  arena.retainHere();
   container = Cell(tag, node);
   return true;
 }
@@ -402,7 +402,7 @@ Arena* Arena::make(std::size_t step, std::size_t limit) {
 [[gnu::tls_model("initial-exec")]] thread_local Arena* Arena::current_ = nullptr;
 
 void Arena::reuse() noexcept {
-  if (chunks_ == nullptr || references_.value() != 1) return;
+  if (chunks_ == nullptr || references_.value() != spare_ + 1) return;
   next_ = reinterpret_cast<char*>(chunks_ + 1);
   constexpr std::size_t mostShapes = 256;
   if (shapes_.size() < mostShapes) return;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <new>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include <Tolvanite/Json/detail/Cell.h>
@@ -120,8 +121,23 @@ class Arena {
   void release() noexcept {
     if (references_.drop()) delete this;
   }
-  /// Gives a reference back that is not the last one.
-  void releaseOneOfSeveral() noexcept { static_cast<void>(references_.drop()); }
+  /// The same for the thread that puts nodes here, and for a reference that is not the last one:
+  /// it has some to spare, so that threads need not agree on each.
+  /// @{
+  void retainHere() noexcept {
+    constexpr std::uint32_t many = 1 << 16;
+    if (spare_ == 0) {
+      references_.add(many);
+      spare_ = many;
+    }
+    --spare_;
+  }
+  void releaseHere() noexcept { ++spare_; }
+  /// @}
+  /// Gives back what is spare, and a reference.
+  void leave() noexcept {
+    if (references_.drop(std::exchange(spare_, 0) + 1)) delete this;
+  }
 
   /// A node of so many bytes with its place filled in.
   CellNode* allocate(std::size_t bytes) {
@@ -172,6 +188,7 @@ class Arena {
   [[gnu::tls_model("initial-exec")]] static thread_local Arena* current_;
 
   SharedCount references_{1};
+  std::uint32_t spare_ = 0;
   Chunk* chunks_ = nullptr;
   char* next_ = nullptr;
   char* end_ = nullptr;
@@ -197,7 +214,7 @@ bool adoptContainer(Cell& container, Arena& arena);
 /// Moves a cell that was adopted by an arena to a place in a node there.
 inline void putAdopted(Cell* place, Cell&& cell, Arena& arena) noexcept {
   new (place) Cell(cell.low(), cell.high());
-  if (cell.hasNode()) arena.releaseOneOfSeveral();
+  if (cell.hasNode()) arena.releaseHere();
   cell.forget();
 }
 
@@ -207,7 +224,7 @@ inline Cell* startDictionary(Cell& dictionary, Shape& shape, Arena& arena) {
   CellNode* memory = arena.allocateWithinLimit(sizeof(DictionaryNode) + count * sizeof(Cell));
   if (memory == nullptr) return nullptr;
   arena.keepAlso(shape);
-  arena.retain();
+  arena.retainHere();
   auto* node = static_cast<DictionaryNode*>(memory);
   node->count = static_cast<std::uint32_t>(count);
   node->shape = &shape;
