@@ -5,8 +5,10 @@
 #include <list>
 #include <map>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <thread>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -228,6 +230,11 @@ struct Varied {
     ManagedDictionary grown{{"name", name}, {"number", number}};
     if (number % 3 == 0) grown.set("a key that is long " + std::to_string(number % 5), name);
     if (number % 4 == 0) grown.set("shared", shared);
+    if (number % 6 == 0) {
+      Json json = std::exchange(grown, {});
+      json["a key by a path, long too"] = number;
+      grown = *std::exchange(json, {}).dictionaryObject();
+    }
     if (number % 5 == 0) grown.set("decimal", NumberValue::decimal("0.1"));
     grown.set("list", makeJsonNsArray(std::vector<std::string>(std::size_t(number % 130), name)));
     if (number % 7 == 0) return ManagedArray{name, grown, ManagedDictionary{{"inner", grown}}};
@@ -246,12 +253,10 @@ struct Varied {
 TEST(JsonValueMapping, MapsManyValuesAsEachAlone) {
   std::vector<ManagedObject> kept;
   std::vector<Varied> values;
-  ManagedArray alone;
-  for (int i = 0; i < 1500; ++i) {
-    values.push_back({i, &kept});
-    alone.append(Varied{i}.jsonObjectValue());
-  }
+  for (int i = 0; i < 1500; ++i) values.push_back({i, &kept});
   ManagedArray mapped = makeJsonNsArray(values);
+  ManagedArray alone;  // after the others, so that these are the first to have the keys
+  for (int i = 0; i < 1500; ++i) alone.append(Varied{i}.jsonObjectValue());
   EXPECT_EQ(mapped, alone);
   const ManagedArray copy = mapped;
   const std::string text = JsonWriter::stringFrom(mapped);
