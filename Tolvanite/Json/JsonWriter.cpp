@@ -64,8 +64,6 @@ class JsonWriter::Pass {
     enter();
   }
   void listElement(const Cell& cell, bool isFirst) {
-    // The shapes of the element before may be gone, and others be in their places.
-    if (writer_.customOrder_.isSome()) customPlaces_.fill({});
     out_.end(element(startLine(out_.room(0), isFirst ? '\0' : ','), cell));
   }
   void endList() {

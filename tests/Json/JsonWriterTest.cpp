@@ -75,13 +75,6 @@ TEST(JsonWriter, OrdersKeys) {
   EXPECT_DEATH(JsonWriter("", true, JsonWriter::SortKeyOrder{"a", "b", "a"}), "\"a\" stands twice");
   EXPECT_EQ(Json(object).makeStringJsonWriter(" ", JsonWriter::SortKeyOrder{"b"}).substr(0, 10),
             "{\n \"b\" : 2");
-
-  JsonWriter listing(std::nullopt, true, JsonWriter::SortKeyOrder{"z"});
-  JsonWriter::List list(listing);
-  list.append(ManagedDictionary{{"a", 1}, {"z", 2}});
-  list.append(ManagedDictionary{{"z", 1}, {"b", 2}, {"y", 3}});
-  list.end();
-  EXPECT_EQ(listing.dest(), "[{\"z\":2,\"a\":1},{\"z\":1,\"b\":2,\"y\":3}]\n");
 }
 
 TEST(JsonWriter, WritesAListElementByElement) {
