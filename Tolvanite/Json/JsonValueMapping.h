@@ -15,7 +15,8 @@
 //     }
 //   };
 //   const std::vector<Track> tracks = load();
-//   JsonWriter::stringFrom(makeJsonNsArray(tracks));
+//   makeJsonText(tracks);                             their text, at once
+//   JsonWriter::stringFrom(makeJsonNsArray(tracks));  the same by way of a raw list
 //   makeJson(std::map<std::string, std::optional<Int>>{{"a", 1}, {"b", {}}}, true);   {"a": 1}
 #pragma once
 
@@ -176,8 +177,9 @@ void mapItem(const T& item, bool discardNilValues, const Take& take) {
 }  // namespace detail
 
 /// The raw list of a sequence's items in their order, containers in it mapped in the same way. An
-/// absent item becomes the null marker, or is left out if `discardNilValues` holds. A container in
-/// it whose elements can't be mapped is fatal: `Bad Array!!! type "TYPE":VALUE`, `Bad
+/// absent item becomes the null marker, or is left out if `discardNilValues` holds. The elements of
+/// a long list lie in one piece of memory, which is there as long as one of them. A container in it
+/// whose elements can't be mapped is fatal: `Bad Array!!! type "TYPE":VALUE`, `Bad
 /// Dictionary!!! type "TYPE":VALUE`.
 template <typename Range>
   requires detail::ManagedRange<Range> && MappableToJson<std::ranges::range_value_t<const Range>>
