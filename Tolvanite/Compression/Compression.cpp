@@ -1,10 +1,8 @@
 #include <Tolvanite/Compression/Compression.h>
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <ostream>
-#include <span>
 
 #include <Tolvanite/Compression/detail/CompressionStream.h>
 #include <Tolvanite/Platform/MemoryHints.h>
@@ -15,9 +13,6 @@ namespace {
 
 using detail::CompressionOperation;
 using detail::CompressionStream;
-
-// The result grows by pieces of this size.
-constexpr std::size_t pieceSize = 4096;
 
 // What headers promise is believed up to this size, and beyond it as far as text usually shrinks.
 // Otherwise the result grows as it comes, so that a small source can't make it claim much.
@@ -31,25 +26,18 @@ Optional<ByteBuffer> processed(const ByteBuffer& source, Compression compression
   const auto stream = detail::makeCompressionStream(operation, compression);
   if (!stream) return {};
 
-  std::array<std::byte, pieceSize> piece;
   stream->source = source;
-  stream->destination = piece;
-
   const std::size_t expected =
       std::min(stream->promisedSize(), std::max(source.size() * believedExpansion, believedSize));
   ByteBuffer result;
   result.reserve(static_cast<Int>(expected));
   preferLargePages(result.data(), expected);
   while (true) {
-    switch (stream->process(operation == CompressionOperation::encode)) {
+    switch (stream->process(operation == CompressionOperation::encode, result)) {
       case CompressionStream::Status::ok:
-        if (!stream->destination.empty()) break;
-        result.append(std::span(piece));
-        stream->destination = piece;
         if (progress) progress(source.count() - static_cast<Int>(stream->source.size()));
         break;
       case CompressionStream::Status::end:
-        result.append(std::span(piece).first(pieceSize - stream->destination.size()));
         return result;
       case CompressionStream::Status::error:
         return {};

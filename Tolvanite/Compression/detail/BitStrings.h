@@ -16,7 +16,28 @@ inline constexpr auto lowBits = [] {
   return result;
 }();
 
+// What the bits of a word can be had by. The number of bits is in the lowest byte of `count`, and
+// less than 64; what stands above that byte means nothing, so that an entry of a table can be
+// handed over as it is.
+struct PlainMachine {
+  [[gnu::always_inline]] static std::uint64_t lowest(std::uint64_t word, std::uint64_t count) {
+    return word & ((std::uint64_t{1} << static_cast<std::uint8_t>(count)) - 1);
+  }
+};
+
+#if defined(__x86_64__)
+// For functions of the target "bmi2", by the one instruction that compilers don't find there.
+struct Bmi2Machine {
+  [[gnu::always_inline]] static std::uint64_t lowest(std::uint64_t word, std::uint64_t count) {
+    std::uint64_t result;
+    asm("bzhi %2, %1, %0" : "=r"(result) : "r"(word), "r"(count) : "cc");
+    return result;
+  }
+};
+#endif
+
 // Reads a payload's bit string from its end to its start.
+template <typename Machine>
 class BackwardBits {
  public:
   // `padding`, 0 to 7, is the number of bits left over in the last byte. Beside the payload, 7
@@ -34,24 +55,30 @@ class BackwardBits {
     return true;
   }
 
-  // The next bits. Of the first ones, and after each `refill`, 56 can be taken.
-  [[gnu::always_inline]] std::uint32_t take(std::uint64_t count) {
+  // The next bits, as many as the lowest byte of `count` says. Of the first ones, and after each
+  // `refill`, 56 can be taken.
+  [[gnu::always_inline]] std::uint64_t take(std::uint64_t count) {
     left_ -= count;
-    return static_cast<std::uint32_t>(word_ >> (left_ & 63)) & lowBits[count];
+    return Machine::lowest(word_ >> (left_ & 63), count);
   }
 
   // False if more bits were taken than there are; then no more may be. The word is read in any
   // case, up to 14 bytes before the payload, which compiles into a faster loop.
   [[gnu::always_inline]] bool refill() {
-    place_ -= (left_ ^ 63) >> 3;  // what is missing of 63
+    place_ += static_cast<std::ptrdiff_t>((left_ & 63) >> 3) - 7;
     left_ |= 56;
     word_ = loadLittle<std::uint64_t>(place_);
     return place_ >= first_;
   }
 
+  // How many refills are sure to find enough bits, if no more than `most` are taken before each.
+  std::size_t sureRefills(std::size_t most) const {
+    return static_cast<std::size_t>(place_ - first_) / ((most + 7) / 8);
+  }
+
  private:
   std::uint64_t word_ = 0;  // what stands at `place_`
-  std::uint64_t left_ = 0;  // bits of it, from the lowest up, 63 at most
+  std::uint64_t left_ = 0;  // in the lowest byte: bits of it, from the lowest up, 63 at most
   const std::byte* place_ = nullptr;
   const std::byte* first_ = nullptr;  // the least `place_` where no bit too many is taken
 };

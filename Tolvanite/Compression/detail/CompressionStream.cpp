@@ -1,7 +1,6 @@
 #include <Tolvanite/Compression/detail/CompressionStream.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace tolvanite::detail {
 
@@ -9,11 +8,10 @@ CompressionStream::~CompressionStream() = default;
 
 std::size_t CompressionStream::promisedSize() const { return 0; }
 
-std::size_t CompressionStream::deliver(std::span<const std::byte> bytes) {
-  const std::size_t count = std::min(bytes.size(), destination.size());
-  if (count > 0) std::memcpy(destination.data(), bytes.data(), count);
-  destination = destination.subspan(count);
-  return count;
+std::size_t CompressionStream::deliver(std::span<const std::byte> bytes, ByteBuffer& result) {
+  const auto piece = bytes.first(std::min(bytes.size(), pieceSize));
+  result.append(piece);
+  return piece.size();
 }
 
 std::unique_ptr<CompressionStream> makeCompressionStream(CompressionOperation operation,

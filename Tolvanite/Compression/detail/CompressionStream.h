@@ -21,22 +21,23 @@ class CompressionStream {
   CompressionStream& operator=(const CompressionStream&) = delete;
   virtual ~CompressionStream();
 
-  // Takes from the front of `source` and writes to the front of `destination`, which shrink by what
-  // was taken and written. `ok` when the destination is full or something else was got on with,
-  // `end` when all is written, `error` when the source can't be read or ends too early. So a caller
-  // that makes room whenever there is none gets to an end or an error.
-  virtual Status process(bool isFinal) = 0;
+  // Takes from the front of `source`, which shrinks by that, and appends a piece to the result, of
+  // no more than `pieceSize` bytes. `ok` when something was got on with, `end` when all is written,
+  // `error` when the source can't be read or ends too early. So a caller that goes on while it is
+  // `ok` gets to an end or an error.
+  virtual Status process(bool isFinal, ByteBuffer& result) = 0;
 
   // How many bytes the headers in `source` promise, 0 if the form has no such headers. Only a hint:
   // a source can promise anything.
   virtual std::size_t promisedSize() const;
 
   std::span<const std::byte> source;
-  std::span<std::byte> destination;
 
  protected:
-  // Copies as much of `bytes` as the destination takes and gives how much that was.
-  std::size_t deliver(std::span<const std::byte> bytes);
+  static constexpr std::size_t pieceSize = 4096;
+
+  // Appends a piece from the front of `bytes` and gives its size, 0 if there are none.
+  static std::size_t deliver(std::span<const std::byte> bytes, ByteBuffer& result);
 };
 
 // Null when the algorithm can't be started.

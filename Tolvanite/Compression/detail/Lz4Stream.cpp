@@ -60,13 +60,12 @@ bool readBlock(Bytes source, Lz4Block& block) {
 
 class Lz4Decoder final : public CompressionStream {
  public:
-  Status process(bool /*isFinal*/) override {
-    while (!destination.empty()) {
-      delivered_ += deliver(Bytes(plain_).subspan(delivered_));
-      if (delivered_ < plain_.size()) break;
+  Status process(bool /*isFinal*/, ByteBuffer& result) override {
+    if (delivered_ == plain_.size()) {
       if (isEnded_) return Status::end;
       if (!decodeBlock()) return Status::error;
     }
+    delivered_ += deliver(Bytes(plain_).subspan(delivered_), result);
     return Status::ok;
   }
 
@@ -113,10 +112,8 @@ class Lz4Decoder final : public CompressionStream {
 // Writes blocks that do not reach into each other, which every reader of the form can read.
 class Lz4Encoder final : public CompressionStream {
  public:
-  Status process(bool isFinal) override {
-    while (!destination.empty()) {
-      delivered_ += deliver(Bytes(frame_).subspan(delivered_));
-      if (delivered_ < frame_.size()) break;
+  Status process(bool isFinal, ByteBuffer& result) override {
+    if (delivered_ == frame_.size()) {
       if (isEnded_) return Status::end;
       delivered_ = 0;
       frame_.clear();
@@ -126,10 +123,9 @@ class Lz4Encoder final : public CompressionStream {
         frame_.resize(4);
         storeLittle(frame_.data(), endMagic);
         isEnded_ = true;
-      } else {
-        break;
       }
     }
+    delivered_ += deliver(Bytes(frame_).subspan(delivered_), result);
     return Status::ok;
   }
 

@@ -41,13 +41,12 @@ Decoder::Decoder()
       delivered_(window_.get()),
       written_(window_.get()) {}
 
-CompressionStream::Status Decoder::process(bool /*isFinal*/) {
-  while (!destination.empty()) {
-    delivered_ += deliver({delivered_, written_});
-    if (delivered_ != written_) break;
+CompressionStream::Status Decoder::process(bool /*isFinal*/, ByteBuffer& result) {
+  if (delivered_ == written_) {
     if (kind_ == Kind::end) return Status::end;
     if (kind_ == Kind::none ? !openBlock() : !writeOn()) return Status::error;
   }
+  delivered_ += deliver({delivered_, written_}, result);
   return Status::ok;
 }
 

@@ -16,7 +16,7 @@ class Decoder final : public CompressionStream {
  public:
   Decoder();
 
-  Status process(bool isFinal) override;
+  Status process(bool isFinal, ByteBuffer& result) override;
   std::size_t promisedSize() const override;
 
  private:

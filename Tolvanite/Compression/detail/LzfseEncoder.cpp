@@ -4,16 +4,15 @@
 
 namespace tolvanite::detail::lzfse {
 
-CompressionStream::Status Encoder::process(bool /*isFinal*/) {
+CompressionStream::Status Encoder::process(bool /*isFinal*/, ByteBuffer& result) {
   if (!matches_) matches_.emplace(source);
-  while (!destination.empty()) {
-    delivered_ += deliver(std::span<const std::byte>(block_).subspan(delivered_));
-    if (delivered_ != block_.size()) break;
+  if (delivered_ == block_.size()) {
     if (isEnded_) return Status::end;
     block_.clear();
     delivered_ = 0;
     makeBlock();
   }
+  delivered_ += deliver(std::span<const std::byte>(block_).subspan(delivered_), result);
   return Status::ok;
 }
 

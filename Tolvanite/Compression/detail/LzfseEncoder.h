@@ -14,7 +14,7 @@ namespace tolvanite::detail::lzfse {
 // of it has to stay until the end.
 class Encoder final : public CompressionStream {
  public:
-  Status process(bool isFinal) override;
+  Status process(bool isFinal, ByteBuffer& result) override;
 
  private:
   void makeBlock();

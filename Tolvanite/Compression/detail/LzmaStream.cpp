@@ -1,3 +1,4 @@
+#include <array>
 #include <cstdint>
 
 #include <lzma.h>
@@ -27,14 +28,14 @@ class LzmaStream final : public CompressionStream {
 
   bool isUsable() const { return isUsable_; }
 
-  Status process(bool isFinal) override {
+  Status process(bool isFinal, ByteBuffer& result) override {
     stream_.next_in = reinterpret_cast<const std::uint8_t*>(source.data());
     stream_.avail_in = source.size();
-    stream_.next_out = reinterpret_cast<std::uint8_t*>(destination.data());
-    stream_.avail_out = destination.size();
+    stream_.next_out = reinterpret_cast<std::uint8_t*>(piece_.data());
+    stream_.avail_out = piece_.size();
     const lzma_ret answer = lzma_code(&stream_, isFinal ? LZMA_FINISH : LZMA_RUN);
     source = source.last(stream_.avail_in);
-    destination = destination.last(stream_.avail_out);
+    deliver(std::span(piece_).first(piece_.size() - stream_.avail_out), result);
     if (answer == LZMA_STREAM_END) return Status::end;
     // A source that ended too early is LZMA_BUF_ERROR on the second call without progress.
     return answer == LZMA_OK ? Status::ok : Status::error;
@@ -42,6 +43,7 @@ class LzmaStream final : public CompressionStream {
 
  private:
   lzma_stream stream_ = LZMA_STREAM_INIT;
+  std::array<std::byte, pieceSize> piece_;
   bool isUsable_ = false;
 };
 

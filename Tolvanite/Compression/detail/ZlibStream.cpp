@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <limits>
 
 #include <zlib.h>
@@ -33,23 +34,22 @@ class ZlibStream final : public CompressionStream {
 
   bool isUsable() const { return isUsable_; }
 
-  Status process(bool isFinal) override {
+  Status process(bool isFinal, ByteBuffer& result) override {
     // zlib counts what it is given in 32 bits.
     constexpr std::size_t most = std::numeric_limits<uInt>::max();
     const std::size_t given = std::min(source.size(), most);
-    const std::size_t room = std::min(destination.size(), most);
     // Without ZLIB_CONST the source is no const pointer, but it is only read.
     stream_.next_in = const_cast<Bytef*>(reinterpret_cast<const Bytef*>(source.data()));
     stream_.avail_in = static_cast<uInt>(given);
-    stream_.next_out = reinterpret_cast<Bytef*>(destination.data());
-    stream_.avail_out = static_cast<uInt>(room);
+    stream_.next_out = reinterpret_cast<Bytef*>(piece_.data());
+    stream_.avail_out = static_cast<uInt>(piece_.size());
 
     const bool isLast = isFinal && given == source.size();
     const Function run = isEncoder_ ? deflate : inflate;
     const int answer = run(&stream_, isLast ? Z_FINISH : Z_NO_FLUSH);
 
     source = source.subspan(given - stream_.avail_in);
-    destination = destination.subspan(room - stream_.avail_out);
+    deliver(std::span(piece_).first(piece_.size() - stream_.avail_out), result);
     if (answer == Z_STREAM_END) return Status::end;
     // Z_BUF_ERROR, which is that nothing could be done, stands for a source that ended too early.
     return answer == Z_OK ? Status::ok : Status::error;
@@ -59,6 +59,7 @@ class ZlibStream final : public CompressionStream {
   bool isEncoder_;
   bool isUsable_ = false;
   z_stream stream_{};
+  std::array<std::byte, pieceSize> piece_;
 };
 
 }  // namespace
