@@ -38,7 +38,7 @@ class LiteralReader {
     return bits_.refill();
   }
 
-  // How many times reading is sure to find enough bits.
+  // How many times reading is sure to find enough bits. A literal takes 10 at most.
   std::size_t sureReads() const { return bits_.sureRefills(group * 10); }
 
  private:
@@ -80,7 +80,8 @@ class TripletReader {
     return bits_.refill();
   }
 
-  // How many times reading is sure to find enough bits.
+  // How many times reading is sure to find enough bits, of which an L, M and D take so many at
+  // most.
   std::size_t sureReads() const { return bits_.sureRefills(14 + 17 + 23); }
 
  private:

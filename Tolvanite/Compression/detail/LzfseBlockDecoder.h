@@ -37,10 +37,10 @@ class BlockDecoder {
   template <typename Machine>
   bool readPayloadsInline(const Header& header, std::span<const std::byte> block);
 
-  alignas(64) std::array<LiteralEntry, literalStates> literalTable_;
-  std::array<ValueEntry, lengthStates> lTable_;
-  std::array<ValueEntry, lengthStates> mTable_;
-  std::array<ValueEntry, distanceStates> dTable_;
+  alignas(64) std::array<LiteralEntry, literalStates> literalTable_{};
+  std::array<ValueEntry, lengthStates> lTable_{};
+  std::array<ValueEntry, lengthStates> mTable_{};
+  std::array<ValueEntry, distanceStates> dTable_{};
   std::array<std::byte, mostLiterals + mostL + copySlack> literals_;
   std::array<Triplet, mostTriplets> triplets_;
   const std::byte* nextLiteral_ = nullptr;
