@@ -16,17 +16,17 @@ inline constexpr auto lowBits = [] {
   return result;
 }();
 
-// What the bits of a word can be had by. The number of bits is in the lowest byte of `count`, and
-// less than 64; what stands above that byte means nothing, so that an entry of a table can be
-// handed over as it is.
+// How a machine gives the lowest bits of a word. Their number, less than 32, is in the lowest byte
+// of `count`; what stands above that byte means nothing, so that an entry of a table can be handed
+// over as it is.
 struct PlainMachine {
   [[gnu::always_inline]] static std::uint64_t lowest(std::uint64_t word, std::uint64_t count) {
-    return word & ((std::uint64_t{1} << static_cast<std::uint8_t>(count)) - 1);
+    return word & lowBits[static_cast<std::uint8_t>(count)];
   }
 };
 
 #if defined(__x86_64__)
-// For functions of the target "bmi2", by the one instruction that compilers don't find there.
+// With bmi2 there is one instruction for that, which compilers don't find.
 struct Bmi2Machine {
   [[gnu::always_inline]] static std::uint64_t lowest(std::uint64_t word, std::uint64_t count) {
     std::uint64_t result;
