@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -9,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <Tolvanite/Compression/Compression.h>
+#include <Tolvanite/Compression/detail/BitStrings.h>
 
 #include <tests/Compression/Samples.h>
 
@@ -174,7 +176,8 @@ TEST(Lzfse, RefusesWrongInstructions) {
 
 // Whatever a changed byte makes of a stream, reading it ends, and gives nothing that is not there.
 TEST(Lzfse, SurvivesChangedBytes) {
-  for (const std::string& stream : {wordsStream, fruitStream, PlainTablesBlock().bytes()}) {
+  for (const std::string& stream :
+       {wordsStream, fruitStream, PlainTablesBlock().bytes(), encoded(jsonText(4200, 10))}) {
     const std::size_t size = decoded(stream).size();
     for (std::size_t place = 4; place < stream.size() - 4; ++place) {
       for (const int change : {1, 0x10, 0x80, 0xff}) {
@@ -184,6 +187,20 @@ TEST(Lzfse, SurvivesChangedBytes) {
         EXPECT_TRUE(text == "refused" || text.size() == size) << place << " " << change;
       }
     }
+  }
+}
+
+// Only one of them reads, as the processor is.
+TEST(Lzfse, BitsAreMaskedAlikeByAllMachines) {
+  using namespace detail::lzfse;
+  const std::uint64_t word = 0xfedcba9876543210;
+  for (std::uint64_t count = 0; count < lowBits.size(); ++count) {
+    const std::uint64_t entry = count | 0xabcdef00;
+    EXPECT_EQ(PlainMachine::lowest(word, entry), word % (std::uint64_t{1} << count)) << count;
+#if defined(__x86_64__)
+    if (__builtin_cpu_supports("bmi2") == 0) continue;
+    EXPECT_EQ(Bmi2Machine::lowest(word, entry), PlainMachine::lowest(word, entry)) << count;
+#endif
   }
 }
 
