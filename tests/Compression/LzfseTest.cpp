@@ -1,5 +1,6 @@
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -148,6 +149,32 @@ TEST(Lzfse, RefusesWrongFields) {
   }
   EXPECT_EQ(decoded("bvx3" + fruitStream.substr(4)), "refused");
   EXPECT_EQ(decoded("bvx-" + little(5, 4) + endBlock), "refused");
+}
+
+// Bytes are cut off where a payload starts, which is where reading it ends. Several texts, so that
+// the payloads end together and one long before the other.
+TEST(Lzfse, RefusesPayloadsThatRunOutOfBits) {
+  for (unsigned seed = 0; seed < 20; ++seed) {
+    const std::string text = jsonText(20000, seed) + randomBytes(1000 * seed, seed);
+    const std::string stream = encoded(text);
+    const auto word = [&stream](std::size_t place) {
+      std::uint64_t result = 0;
+      std::memcpy(&result, stream.data() + place, sizeof result);
+      return result;
+    };
+    const std::size_t literals = word(24) & 0xffffffff;
+    const std::size_t triplets = literals + (word(8) >> 20 & 0xfffff);
+    const auto without = [&](std::size_t cut, std::size_t start, std::size_t place, int shift) {
+      const std::uint64_t sizes = word(place) - (std::uint64_t{cut} << shift);
+      return decoded(std::string(stream).replace(place, 8, little(sizes, 8)).erase(start, cut));
+    };
+    for (const std::size_t cut : {1, 8, 9, 50, 500}) {
+      EXPECT_TRUE(without(cut, literals, 8, 20) == "refused") << seed << " " << cut;
+      // 8 bytes of padding come first.
+      EXPECT_TRUE(without(cut, triplets, 16, 40) == (cut <= 8 ? text : "refused"))
+          << seed << " " << cut;
+    }
+  }
 }
 
 TEST(Lzfse, RefusesWrongInstructions) {
