@@ -164,11 +164,25 @@ void fill(Contender& contender, const std::vector<Item>& items) {
   for (const Item& item : items) contender.append(Contender::native(item));
 }
 
+// A container that was just filled is in the cache to the extent that its last growth went over the
+// elements, which may have been long ago. A warm one has been in use for a while.
+enum class State { justFilled, warm };
+
 template <class Contender>
-Pass lookup(const std::string& name, std::size_t n) {
+void prepare(Contender& contender, const std::vector<Item>& items, State state) {
+  fill(contender, items);
+  if (state == State::justFilled) return;
+  SplitMix64 random(0xB6);
+  std::int64_t sum = 0;
+  for (int i = 0; i < 1'000'000; ++i) sum += contender.group(items[random.below(items.size())].key);
+  benchmark::DoNotOptimize(sum);
+}
+
+template <class Contender>
+Pass lookup(const std::string& name, std::size_t n, State state) {
   const auto items = makeItems(0xB1, n);
   Contender contender;
-  fill(contender, items);
+  prepare(contender, items, state);
   SplitMix64 random(0xB2);
   std::vector<std::uint64_t> keys;
   std::int64_t wanted = 0;
@@ -186,10 +200,10 @@ Pass lookup(const std::string& name, std::size_t n) {
 }
 
 template <class Contender>
-Pass update(const std::string& name, std::size_t n, const KeyedArrayWork& work) {
+Pass update(const std::string& name, std::size_t n, const KeyedArrayWork& work, State state) {
   const auto items = makeItems(0xB1, n);
   Contender contender;
-  fill(contender, items);
+  prepare(contender, items, state);
   SplitMix64 random(0xB3);
   std::vector<Update> updates;
   std::uint64_t wanted = contender.told();
@@ -296,27 +310,33 @@ bool registerKeyedArray(const std::string& peer, KeyedArrayWork work = {},
       return pass(state, name, n);
     });
   };
-  using State = benchmark::State;
   using Text = std::string;
+  using keyedArray::State;
   for (const std::size_t n : {100'000u, 1'000'000u}) {
-    add("append", n, [](State&, const Text& name, std::size_t count) {
+    add("append", n, [](benchmark::State&, const Text& name, std::size_t count) {
       return keyedArray::append<Contender>(name, count);
     });
-    add("lookup", n, [](State&, const Text& name, std::size_t count) {
-      return keyedArray::lookup<Contender>(name, count);
+    add("lookup", n, [](benchmark::State&, const Text& name, std::size_t count) {
+      return keyedArray::lookup<Contender>(name, count, State::justFilled);
     });
   }
-  add("update", 100'000, [work](State&, const Text& name, std::size_t n) {
-    return keyedArray::update<Contender>(name, n, work);
+  add("lookup_warm", 100'000, [](benchmark::State&, const Text& name, std::size_t n) {
+    return keyedArray::lookup<Contender>(name, n, State::warm);
   });
-  add("memory", 100'000, [](State& state, const Text& name, std::size_t n) {
+  for (const auto& [row, state] :
+       {std::pair("update", State::justFilled), std::pair("update_warm", State::warm)}) {
+    add(row, 100'000, [work, state](benchmark::State&, const Text& name, std::size_t n) {
+      return keyedArray::update<Contender>(name, n, work, state);
+    });
+  }
+  add("memory", 100'000, [](benchmark::State& state, const Text& name, std::size_t n) {
     return keyedArray::memory<Contender>(state, name, n);
   });
   if (rows == KeyedArrayRows::inPlace) return true;
-  add("remove", 100'000, [work](State&, const Text& name, std::size_t n) {
+  add("remove", 100'000, [work](benchmark::State&, const Text& name, std::size_t n) {
     return keyedArray::remove<Contender>(name, n, work);
   });
-  add("move", 100'000, [work](State&, const Text& name, std::size_t n) {
+  add("move", 100'000, [work](benchmark::State&, const Text& name, std::size_t n) {
     return keyedArray::move<Contender>(name, n, work);
   });
   return true;

@@ -117,7 +117,7 @@ class ElementTable {
   }
 
   /// Where `key` stands or would go. Room for one key must have been made before.
-  Spot spotOf(const Key& key) const {
+  [[gnu::always_inline]] inline Spot spotOf(const Key& key) const {
     const std::uint32_t rank = rankOf(key);
     std::size_t i = home(rank);
     // How many slots stand before is hard to foretell; to count them costs less than to guess.
